@@ -1,0 +1,115 @@
+#pragma once
+
+#include "platform/Field.h"
+#include "platform/ObList.h"
+#include "platform/Object.h"
+
+#include <array>
+
+namespace kelo {
+
+class CNode;
+class CKeySection;
+class CMember;
+
+// A point along an element where results are designed: position and the node whose
+// displacement belongs to it.
+class CDesignSection : public CObject {
+public:
+    CDesignSection() = default;
+    CDesignSection(double xOverL, int isSteel, int nodeDisplace)
+        : XoverL(xOverL), IsASteelSection(isSteel), NodeDisplace(nodeDisplace) {}
+    KELO_FIELD(double, X, 0.0)
+    KELO_FIELD(double, Y, 0.0)
+    KELO_FIELD(double, Z, 0.0)
+    KELO_FIELD(double, XoverL, 0.0)
+    KELO_FIELD(int, IsASteelSection, 0)
+    KELO_FIELD(int, NodeDisplace, 0)
+};
+
+// An axial force for geometric stiffness: 1 given, 2 from a pre-analysis, 3 from results.
+class CAxial : public CObject {
+public:
+    CAxial() = default;
+    KELO_FIELD(int, ElementNo, 0)
+    KELO_FIELD(int, Type, 1)
+    KELO_FIELD(double, AxialValue, 0.0)
+    KELO_FIELD(double, MLValue, 0.0)
+    KELO_FIELD(double, MNValue, 0.0)
+    KELO_FIELD(int, LoadcaseNo, 0)
+    KELO_FIELD(double, LoadcaseFac, 1.0)
+    KELO_FIELD(class CElement*, ElemPtr, nullptr)
+};
+
+// A mass on an element (tons): type 1, 3, 4 or 5, direction 0..3, two values not negative.
+class CMass : public CObject {
+public:
+    CMass() = default;
+    CMass(int elementNo, int type, int direction, double m1, double m2)
+        : ElementNo(elementNo), Type(type), Direction(direction), MassValues{m1, m2} {}
+    KELO_FIELD(int, ElementNo, 0)
+    KELO_FIELD(int, Type, 1)
+    KELO_FIELD(int, Direction, 0)
+    KELO_ARRAY_FIELD(double, MassValues, 2)
+    KELO_FIELD(class CElement*, ElemPtr, nullptr)
+};
+
+// A beam or spring element of the frame. Negative numbers are temporary elements of an analysis.
+class CElement : public CObject {
+public:
+    CElement() = default;
+    CElement(int no, int node1, int node2, int node3, int section)
+        : No(no), NodeNo1(node1), NodeNo2(node2), NodeNo3(node3), SectionNo(section) {}
+    CElement(const CElement& other);
+    CElement& operator=(const CElement&) = delete;
+
+    int KeyNo() const { return No; }
+
+    COwnedList<CDesignSection>& GetDesignSectionList() { return DesignSectionList; }
+    const COwnedList<CDesignSection>& GetDesignSectionList() const { return DesignSectionList; }
+    COwnedList<CAxial>& GetAxialList() { return AxialList; }
+    const COwnedList<CAxial>& GetAxialList() const { return AxialList; }
+    COwnedList<CMass>& GetMassList() { return MassList; }
+    const COwnedList<CMass>& GetMassList() const { return MassList; }
+
+    // Local axes in rows L, M, N against global X, Y, Z.
+    double GetTransMatrix(int row, int col) const { return TransMatrix[row][col]; }
+    void SetTransMatrix(int row, int col, double v) { TransMatrix[row][col] = v; }
+
+    KELO_FIELD(int, No, 0)
+    KELO_FIELD(int, Type, 1)
+    KELO_FIELD(int, LocAxisCode, 3)
+    KELO_FIELD(int, NDirCode, 3)
+    KELO_FIELD(int, NodeNo1, 0)
+    KELO_FIELD(int, NodeNo2, 0)
+    KELO_FIELD(int, NodeNo3, 0)
+    KELO_FIELD(CNode*, NodeNo1Ptr, nullptr)
+    KELO_FIELD(CNode*, NodeNo2Ptr, nullptr)
+    KELO_FIELD(CNode*, NodeNo3Ptr, nullptr)
+    KELO_FIELD(int, SectionNo, 0)
+    KELO_FIELD(CKeySection*, SectionPtr, nullptr)
+    // Joint codes: up to six digits of 0 and 1, one per freedom, the highest first.
+    KELO_FIELD(double, Joint1, 0.0)
+    KELO_FIELD(double, Joint2, 0.0)
+    KELO_FIELD(double, Alpha, 0.0)
+    KELO_FIELD(int, Visible, 1)
+    KELO_FIELD(double, Length, 0.0)
+    KELO_FIELD(double, BL, 0.0)
+    KELO_FIELD(double, Birth, 0.0)
+    KELO_FIELD(double, PartCreep, 0.0)
+    KELO_ARRAY_FIELD(double, WindArea, 9)
+    KELO_ARRAY_FIELD(double, BucklingData, 5)
+    KELO_FIELD(double, BucklingLengthLdir, 0.0)
+    KELO_FIELD(double, BucklingLengthNdir, 0.0)
+    KELO_FIELD(double, LatBucklingLengthLdir, 0.0)
+    KELO_FIELD(double, LatBucklingLengthNdir, 0.0)
+    KELO_FIELD(CMember*, MemberPtr, nullptr)
+
+private:
+    std::array<std::array<double, 3>, 3> TransMatrix{};
+    COwnedList<CDesignSection> DesignSectionList;
+    COwnedList<CAxial> AxialList;
+    COwnedList<CMass> MassList;
+};
+
+} // namespace kelo
