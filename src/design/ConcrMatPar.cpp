@@ -183,8 +183,8 @@ void CConcrMatPar::CalculateEn1992(int lwa, double rho, double fck, MessageSink*
         else
             fcm = 18.0 + 6.0 * (fck - 16.0) / 4.0;
     }
-    const double fctm = fck <= 50.0 ? 0.3 * eta1 * std::pow(fck, 2.0 / 3.0)
-                                    : 2.12 * eta1 * std::log(1.0 + fcm / 10.0);
+    const double fctm =
+        fck <= 50.0 ? 0.3 * eta1 * std::pow(fck, 2.0 / 3.0) : 2.12 * eta1 * std::log1p(fcm / 10.0);
     const double ecm = std::trunc(22000.0 * etaE * std::pow(fcm / 10.0, 0.3));
 
     double epsc2 = 2.0;

@@ -1,5 +1,6 @@
 #include "design/SteelMatPar.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <iterator>
@@ -25,15 +26,10 @@ const Grade kGrades[] = {
 } // namespace
 
 CSteelMatPar::CSteelMatPar(int no, const std::string& name, int gradeCode) : No(no), Name(name) {
-    for (const Grade& g : kGrades) {
-        if (g.Code == gradeCode) {
-            Fb = g.Fb;
-            Fy = g.Fy;
-            return;
-        }
-    }
-    Fb = 370000.0;
-    Fy = 235000.0;
+    const Grade* g = std::find_if(std::begin(kGrades), std::end(kGrades),
+                                  [gradeCode](const Grade& x) { return x.Code == gradeCode; });
+    Fb = g != std::end(kGrades) ? g->Fb : 370000.0;
+    Fy = g != std::end(kGrades) ? g->Fy : 235000.0;
 }
 
 void CSteelMatPar::SetYoungsModulus(double v) {
