@@ -19,45 +19,158 @@ struct KeywordEntry {
 
 // The keyword table: 151 keywords for 123 command numbers, and the retired keywords (-2).
 const KeywordEntry kKeywords[] = {
-    {"ELEM", 1},        {"ELEMINS", 1},     {"NODE", 2},       {"NODEINS", 2},
-    {"BOUNDINS", 3},    {"POLY", 5},        {"POLYLINE", 5},   {"SECTPT", 6},
-    {"PTFUNC", 8},      {"AELEM", 9},       {"AREAELEM", 9},   {"LELEM", 10},
-    {"LINEELEM", 10},   {"REFLINE", 11},    {"RFL", 11},       {"RFLHORI", 12},
-    {"RFLVERT", 13},    {"RFLCOLUM", 14},   {"RFLCOORD", 15},  {"RFLAXIS", 16},
-    {"RFLPROF", 17},    {"ROADPROF", 17},   {"FORCE", 18},     {"FORCINS", 18},
-    {"DISPL", 19},      {"DISPINS", 19},    {"RETYP", 20},     {"REINFTYP", 20},
-    {"MCONCR", 22},     {"MSTEEL", 23},     {"MREINF", 24},    {"LOAD", 26},
-    {"LOADINS", 26},    {"JOINT", 28},      {"JOINTINS", 28},  {"ORDCOMB", 30},
-    {"SECTINS", 31},    {"ELSPINS", 32},    {"MASS", 33},      {"ELEMMASS", 33},
-    {"DESGINS", 34},    {"WINDFACT", 35},   {"TRAFLINE", 36},  {"TRAFLOAD", 37},
-    {"EARTHQUA", 38},   {"DYNWIND", 39},    {"CREEPCMB", 40},  {"CREEPLC", 41},
-    {"AXIAL", 42},      {"MODEL", 43},      {"MODMODIF", 44},  {"CALCGRP", 45},
-    {"ANALYSIS", 46},   {"SORTCOMB", 47},   {"SORTLINE", 48},  {"RFLNODE", 49},
-    {"AXISNODE", 50},   {"AXIS2NOD", 51},   {"NODECOORD", 52}, {"MPREST", 53},
-    {"MTEND", 53},      {"CALCCOMB", 54},   {"DPSECT", 56},    {"DPCONCR", 57},
-    {"DPSTEEL", 58},    {"DPREINF", 59},    {"DPPREST", 60},   {"DPTEND", 60},
-    {"RE", 61},         {"REAS", 62},       {"SHRE", 63},      {"SHREAS", 64},
-    {"TEND", 66},       {"TEAS", 67},       {"TENDAS", 67},    {"SHEAR", 68},
-    {"TORAR", 70},      {"DELETE", 71},     {"DEL", 71},       {"DCSETUP", 72},
-    {"DCSOLVE", 73},    {"DCSECT", 74},     {"DCCOMB", 75},    {"DCOPT", 76},
-    {"SECTFORCE", 77},  {"CHART", 78},      {"CHARTLN", 79},   {"SHRETYP", 80},
-    {"INPUT", 90},      {"SOLVE", 91},      {"ANSOLVE", 93},   {"OUTPUT", 94},
-    {"SAVE", 95},       {"CLEAR", 100},     {"SECTFACE", 103}, {"SELE", 104},
-    {"SELEINS", 104},   {"SELEDEL", 105},   {"BUCKLING", 106}, {"PROFILE", 107},
-    {"PANEL", 108},     {"BUCKLDES", 109},  {"TENDON", 110},   {"TENGROUP", 111},
-    {"TENGEO", 112},    {"TENGEON", 113},   {"TENGEOL", 114},  {"TENLOSS", 115},
-    {"TENSTRESS", 116}, {"PROJECT", 117},   {"DCCONV", 118},   {"EQSPEC", 120},
-    {"EQSPECPT", 121},  {"WINDSPEC", 125},  {"WINDLEN", 126},  {"WINDTURB", 127},
-    {"WINDCOH", 128},   {"WINDVRTX", 129},  {"XSECT", 130},    {"CONN", 131},
-    {"MEMBER", 132},    {"ANSETUP", 133},   {"TRAFDISP", 134}, {"LIBPROF", 140},
-    {"LIBFILE", 141},   {"ESEL", 151},      {"IF", 170},       {"ELSEIF", 171},
-    {"ELSE", 172},      {"ENDIF", 173},     {"DO", 174},       {"ENDDO", 175},
-    {"TORSIONAD", 176}, {"STOP", 999},      {"DIM", 1001},     {"PT", 1002},
-    {"SECT", 1004},     {"SUBAR", 1005},    {"SHREPT", 1006},  {"TE", 1007},
+    {"ELEM", 1},
+    {"ELEMINS", 1},
+    {"NODE", 2},
+    {"NODEINS", 2},
+    {"BOUNDINS", 3},
+    {"POLY", 5},
+    {"POLYLINE", 5},
+    {"SECTPT", 6},
+    {"PTFUNC", 8},
+    {"AELEM", 9},
+    {"AREAELEM", 9},
+    {"LELEM", 10},
+    {"LINEELEM", 10},
+    {"REFLINE", 11},
+    {"RFL", 11},
+    {"RFLHORI", 12},
+    {"RFLVERT", 13},
+    {"RFLCOLUM", 14},
+    {"RFLCOORD", 15},
+    {"RFLAXIS", 16},
+    {"RFLPROF", 17},
+    {"ROADPROF", 17},
+    {"FORCE", 18},
+    {"FORCINS", 18},
+    {"DISPL", 19},
+    {"DISPINS", 19},
+    {"RETYP", 20},
+    {"REINFTYP", 20},
+    {"MCONCR", 22},
+    {"MSTEEL", 23},
+    {"MREINF", 24},
+    {"LOAD", 26},
+    {"LOADINS", 26},
+    {"JOINT", 28},
+    {"JOINTINS", 28},
+    {"ORDCOMB", 30},
+    {"SECTINS", 31},
+    {"ELSPINS", 32},
+    {"MASS", 33},
+    {"ELEMMASS", 33},
+    {"DESGINS", 34},
+    {"WINDFACT", 35},
+    {"TRAFLINE", 36},
+    {"TRAFLOAD", 37},
+    {"EARTHQUA", 38},
+    {"DYNWIND", 39},
+    {"CREEPCMB", 40},
+    {"CREEPLC", 41},
+    {"AXIAL", 42},
+    {"MODEL", 43},
+    {"MODMODIF", 44},
+    {"CALCGRP", 45},
+    {"ANALYSIS", 46},
+    {"SORTCOMB", 47},
+    {"SORTLINE", 48},
+    {"RFLNODE", 49},
+    {"AXISNODE", 50},
+    {"AXIS2NOD", 51},
+    {"NODECOORD", 52},
+    {"MPREST", 53},
+    {"MTEND", 53},
+    {"CALCCOMB", 54},
+    {"DPSECT", 56},
+    {"DPCONCR", 57},
+    {"DPSTEEL", 58},
+    {"DPREINF", 59},
+    {"DPPREST", 60},
+    {"DPTEND", 60},
+    {"RE", 61},
+    {"REAS", 62},
+    {"SHRE", 63},
+    {"SHREAS", 64},
+    {"TEND", 66},
+    {"TEAS", 67},
+    {"TENDAS", 67},
+    {"SHEAR", 68},
+    {"TORAR", 70},
+    {"DELETE", 71},
+    {"DEL", 71},
+    {"DCSETUP", 72},
+    {"DCSOLVE", 73},
+    {"DCSECT", 74},
+    {"DCCOMB", 75},
+    {"DCOPT", 76},
+    {"SECTFORCE", 77},
+    {"CHART", 78},
+    {"CHARTLN", 79},
+    {"SHRETYP", 80},
+    {"INPUT", 90},
+    {"SOLVE", 91},
+    {"ANSOLVE", 93},
+    {"OUTPUT", 94},
+    {"SAVE", 95},
+    {"CLEAR", 100},
+    {"SECTFACE", 103},
+    {"SELE", 104},
+    {"SELEINS", 104},
+    {"SELEDEL", 105},
+    {"BUCKLING", 106},
+    {"PROFILE", 107},
+    {"PANEL", 108},
+    {"BUCKLDES", 109},
+    {"TENDON", 110},
+    {"TENGROUP", 111},
+    {"TENGEO", 112},
+    {"TENGEON", 113},
+    {"TENGEOL", 114},
+    {"TENLOSS", 115},
+    {"TENSTRESS", 116},
+    {"PROJECT", 117},
+    {"DCCONV", 118},
+    {"EQSPEC", 120},
+    {"EQSPECPT", 121},
+    {"WINDSPEC", 125},
+    {"WINDLEN", 126},
+    {"WINDTURB", 127},
+    {"WINDCOH", 128},
+    {"WINDVRTX", 129},
+    {"XSECT", 130},
+    {"CONN", 131},
+    {"MEMBER", 132},
+    {"ANSETUP", 133},
+    {"TRAFDISP", 134},
+    {"LIBPROF", 140},
+    {"LIBFILE", 141},
+    {"ESEL", 151},
+    {"IF", 170},
+    {"ELSEIF", 171},
+    {"ELSE", 172},
+    {"ENDIF", 173},
+    {"DO", 174},
+    {"ENDDO", 175},
+    {"TORSIONAD", 176},
+    {"STOP", 999},
+    {"DIM", 1001},
+    {"PT", 1002},
+    {"SECT", 1004},
+    {"SUBAR", 1005},
+    {"SHREPT", 1006},
+    {"TE", 1007},
     // Retired keywords are answered with a warning.
-    {"NODEDEL", -2},    {"ELEMDEL", -2},    {"SECTDEL", -2},   {"JOINTDEL", -2},
-    {"ELSPDEL", -2},    {"BOUNDDEL", -2},   {"DESGDEL", -2},   {"LOADDEL", -2},
-    {"REINTYP", -2},    {"NAMENUM", -2},    {"GEOMINS", -2},
+    {"NODEDEL", -2},
+    {"ELEMDEL", -2},
+    {"SECTDEL", -2},
+    {"JOINTDEL", -2},
+    {"ELSPDEL", -2},
+    {"BOUNDDEL", -2},
+    {"DESGDEL", -2},
+    {"LOADDEL", -2},
+    {"REINTYP", -2},
+    {"NAMENUM", -2},
+    {"GEOMINS", -2},
 };
 
 // Order numbers of the command store: the order of a regenerated file, which puts reference
@@ -67,14 +180,14 @@ struct OrderEntry {
     int order;
 };
 const OrderEntry kOrders[] = {
-    {11, 901},   {16, 902},   {12, 903},   {13, 904},   {15, 905},   {14, 906},   {2, 1001},
-    {49, 1001},  {50, 1001},  {51, 1001},  {52, 1001},  {1, 1002},   {3, 1003},   {28, 1004},
-    {31, 1005},  {32, 1006},  {34, 1007},  {33, 1008},  {35, 1009},  {176, 1010}, {26, 1101},
-    {36, 1102},  {37, 1103},  {38, 1104},  {39, 1104},  {18, 1105},  {19, 1106},  {40, 1107},
-    {41, 1108},  {42, 1109},  {134, 1110}, {43, 1202},  {44, 1203},  {45, 1204},  {46, 1205},
-    {133, 1206}, {30, 1301},  {47, 1302},  {48, 1303},  {110, 1401}, {111, 1402}, {112, 1403},
-    {113, 1404}, {114, 1404}, {116, 1405}, {115, 1406}, {106, 1501}, {109, 1502}, {130, 1601},
-    {108, 1604}, {131, 1606}, {77, 1700},  {132, 1800}, {103, 1801}, {102, 2001}, {1002, 1602},
+    {11, 901},    {16, 902},   {12, 903},   {13, 904},   {15, 905},   {14, 906},   {2, 1001},
+    {49, 1001},   {50, 1001},  {51, 1001},  {52, 1001},  {1, 1002},   {3, 1003},   {28, 1004},
+    {31, 1005},   {32, 1006},  {34, 1007},  {33, 1008},  {35, 1009},  {176, 1010}, {26, 1101},
+    {36, 1102},   {37, 1103},  {38, 1104},  {39, 1104},  {18, 1105},  {19, 1106},  {40, 1107},
+    {41, 1108},   {42, 1109},  {134, 1110}, {43, 1202},  {44, 1203},  {45, 1204},  {46, 1205},
+    {133, 1206},  {30, 1301},  {47, 1302},  {48, 1303},  {110, 1401}, {111, 1402}, {112, 1403},
+    {113, 1404},  {114, 1404}, {116, 1405}, {115, 1406}, {106, 1501}, {109, 1502}, {130, 1601},
+    {108, 1604},  {131, 1606}, {77, 1700},  {132, 1800}, {103, 1801}, {102, 2001}, {1002, 1602},
     {1001, 1603},
 };
 
@@ -87,9 +200,12 @@ bool EndsWithCrLf(const std::string& s) {
 
 const char* MessageHeader(int severity) {
     switch (severity) {
-    case 1: return "\r\n*** Note ***\r\n";
-    case 2: return "\r\n*** Warning ***\r\n";
-    default: return "\r\n*** Error ***\r\n";
+    case 1:
+        return "\r\n*** Note ***\r\n";
+    case 2:
+        return "\r\n*** Warning ***\r\n";
+    default:
+        return "\r\n*** Error ***\r\n";
     }
 }
 
@@ -120,7 +236,6 @@ void CStructureCmd::RegisterHandler(int type, Handler handler, Check check) {
 }
 
 void CStructureCmd::RegisterCoreHandlers() {
-    using namespace std::placeholders;
     RegisterHandler(90, [this](std::string& r, int d) { return Input(r, d); });
     RegisterHandler(
         100, [this](std::string& r, int d) { return Clear(r, d); },
@@ -267,7 +382,8 @@ int CStructureCmd::Command(std::string& line, std::string* log, int showDialog, 
     m_pendingLine.clear();
     m_logText = log;
     if (!EndsWithCrLf(joined)) {
-        while (!joined.empty() && (joined.back() == '\r' || joined.back() == '\n')) joined.pop_back();
+        while (!joined.empty() && (joined.back() == '\r' || joined.back() == '\n'))
+            joined.pop_back();
         joined += "\r\n";
     }
     m_line = joined;
@@ -396,7 +512,8 @@ int CStructureCmd::CommandValues(const std::string& line, double* values, int ma
             token.push_back(c);
             break;
         case '[':
-        case ']': break;
+        case ']':
+            break;
         default:
             if (n >= maxValues) {
                 text.push_back(c);
@@ -473,7 +590,8 @@ int CStructureCmd::Message(int number, int showDialog, int n, double x, const st
         ++m_warnCount;
         ++m_totalWarnings;
     }
-    const std::string words = std::string(MessageHeader(severity)) + MessageWords(number, n, x, text);
+    const std::string words =
+        std::string(MessageHeader(severity)) + MessageWords(number, n, x, text);
     const std::string line = m_line.substr(0, m_line.find('\r'));
     if (m_logText) *m_logText += line + words + "\r\n";
     std::string full = words + "'" + line + "'\r\n\r\n";
@@ -628,13 +746,27 @@ int CStructureCmd::If(std::string& rest, int showDialog) {
     const double a = v[0], b = v[2];
     bool holds = false;
     switch (op) {
-    case 1: holds = a == b; break;
-    case 2: holds = a < b; break;
-    case 3: holds = a > b; break;
-    case 4: holds = a <= b; break;
-    case 5: holds = a >= b; break;
-    case 6: holds = a != b; break;
-    default: --m_ifLevel; return 0;
+    case 1:
+        holds = a == b;
+        break;
+    case 2:
+        holds = a < b;
+        break;
+    case 3:
+        holds = a > b;
+        break;
+    case 4:
+        holds = a <= b;
+        break;
+    case 5:
+        holds = a >= b;
+        break;
+    case 6:
+        holds = a != b;
+        break;
+    default:
+        --m_ifLevel;
+        return 0;
     }
     m_ifState[static_cast<std::size_t>(m_ifLevel)] = holds ? 1 : 0;
     return 0;
@@ -653,13 +785,26 @@ int CStructureCmd::Elseif(std::string& rest, int showDialog) {
     const double a = v[0], b = v[2];
     // The order operators read the other way round here than in IF; files depend on it.
     switch (static_cast<int>(v[1])) {
-    case 1: state = a == b ? 1 : state; break;
-    case 2: state = a > b ? 1 : state; break;
-    case 3: state = a < b ? 1 : state; break;
-    case 4: state = a >= b ? 1 : state; break;
-    case 5: state = a <= b ? 1 : state; break;
-    case 6: state = a != b ? 1 : state; break;
-    default: break;
+    case 1:
+        state = a == b ? 1 : state;
+        break;
+    case 2:
+        state = a > b ? 1 : state;
+        break;
+    case 3:
+        state = a < b ? 1 : state;
+        break;
+    case 4:
+        state = a >= b ? 1 : state;
+        break;
+    case 5:
+        state = a <= b ? 1 : state;
+        break;
+    case 6:
+        state = a != b ? 1 : state;
+        break;
+    default:
+        break;
     }
     return 0;
 }

@@ -100,7 +100,9 @@ public:
     int GetDoDepth() const { return m_doDepth; }
     CStructure* GetStructure() const { return m_structure; }
     // The file whose lines are being read now; relative paths in commands are taken from it.
-    std::string CurrentFile() const { return m_fileStack.empty() ? std::string() : m_fileStack.back(); }
+    std::string CurrentFile() const {
+        return m_fileStack.empty() ? std::string() : m_fileStack.back();
+    }
 
     // How deep INPUT files may nest before the reader refuses: no real project comes near it,
     // and a file that includes itself ends here instead of exhausting the stack.

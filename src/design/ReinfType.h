@@ -26,7 +26,9 @@ public:
     // True when every field but the number is the same (to 1e-5).
     bool IsAllDataEqual(const CReinfType* other) const;
 
-    int KeyNo() const { return No; }
+    // The empty types of number 0 come one for each kind; they are told apart in the list by
+    // their kind and stand before every numbered type.
+    int KeyNo() const { return No != 0 ? No : -Type; }
     int GetNo() const { return No; }
     void SetNo(int v) { No = v; }
     int GetType() const { return Type; }

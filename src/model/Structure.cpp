@@ -14,7 +14,7 @@ namespace kelo {
 
 CStructure::CStructure(int activeApp)
     : m_activeApp(activeApp), m_cmd(std::make_unique<CStructureCmd>(this, 2)),
-      m_resBase(std::make_unique<CMemResBase>()) {}
+      m_resBase(std::make_unique<CMemResBase>(this)) {}
 
 CStructure::CStructure(const CStructure& other)
     : CObject(other), No(other.No), m_activeApp(other.m_activeApp), ProjectNo(other.ProjectNo),
@@ -24,14 +24,13 @@ CStructure::CStructure(const CStructure& other)
       FrameYModulus(other.FrameYModulus), FramePoisson(other.FramePoisson),
       FrameAnType(other.FrameAnType), MaterialChoice(other.MaterialChoice),
       SteelGrade(other.SteelGrade), SteelMaterialFactor(other.SteelMaterialFactor),
-      RunStatistics(other.RunStatistics), ConvOptions(other.ConvOptions),
-      LoggTime(other.LoggTime), BaseTime(other.BaseTime), ConcrCode(other.ConcrCode),
-      SteelCode(other.SteelCode), ProfileStdString(other.ProfileStdString),
-      ProfileGenString(other.ProfileGenString), BucklingString(other.BucklingString),
-      ProfileLibFile(other.ProfileLibFile), AppVersion(other.AppVersion),
-      MaxDialogs(other.MaxDialogs), MsgOption(other.MsgOption),
+      RunStatistics(other.RunStatistics), ConvOptions(other.ConvOptions), LoggTime(other.LoggTime),
+      BaseTime(other.BaseTime), ConcrCode(other.ConcrCode), SteelCode(other.SteelCode),
+      ProfileStdString(other.ProfileStdString), ProfileGenString(other.ProfileGenString),
+      BucklingString(other.BucklingString), ProfileLibFile(other.ProfileLibFile),
+      AppVersion(other.AppVersion), MaxDialogs(other.MaxDialogs), MsgOption(other.MsgOption),
       m_cmd(std::make_unique<CStructureCmd>(this, other.m_cmd->GetLanguage())),
-      m_resBase(std::make_unique<CMemResBase>()) {
+      m_resBase(std::make_unique<CMemResBase>(this)) {
     other.CopyASCIICommandList(*this);
     other.CopyRefLineList(*this);
     other.CopyElementList(*this);
@@ -245,7 +244,8 @@ void CStructure::UpdatePointers() {
         for (CMass* m : e->GetMassList()) m->SetElemPtr(e);
     }
     for (CLoadcase* lc : LoadcaseList)
-        for (CLoad* load : lc->GetLoadList()) load->SetElemPtr(ElementList.Get(load->GetElementNo()));
+        for (CLoad* load : lc->GetLoadList())
+            load->SetElemPtr(ElementList.Get(load->GetElementNo()));
 }
 
 // ---------------------------------------------------------------- command store
@@ -299,7 +299,8 @@ void CStructure::CreateDefaultContents(int language, int addChange) {
     MakeDefaultShearReinfTypes(addChange);
 
     // Two setups: one by key sections at stations, one by element sections.
-    auto byKey = std::make_unique<CDesignSetup>(1, english ? "By key sections" : "Etter tverrsnitt");
+    auto byKey =
+        std::make_unique<CDesignSetup>(1, english ? "By key sections" : "Etter tverrsnitt");
     byKey->SetType(0);
     AddDesignSetup(std::move(byKey), addChange);
     auto byElem = std::make_unique<CDesignSetup>(2, english ? "By elements" : "Etter elementer");
@@ -337,28 +338,63 @@ int CStructure::DeleteRedundantChanges(const CId& id) {
     const bool write = id.GetAction() == 5;
     std::vector<int> codes;
     switch (id.GetCode()) {
-    case 402: codes = {401, 402}; break;
-    case 404: codes = {403, 404, 406}; break;
-    case 405: codes = {403, 405, 406}; break;
-    case 407: codes = {406, 407}; break;
-    case 502: codes = {501, 502}; break;
-    case 602: codes = {601, 602}; break;
-    case 807: codes = write ? std::vector<int>{807, 502} : std::vector<int>{807}; break;
-    case 809: codes = write ? std::vector<int>{809, 602} : std::vector<int>{809}; break;
-    case 811: codes = write ? std::vector<int>{811, 810} : std::vector<int>{811}; break;
-    case 813: codes = write ? std::vector<int>{813, 812} : std::vector<int>{813}; break;
-    case 804: codes = {804}; break;
-    case 805: codes = {805}; break;
-    case 802: codes = {801, 802}; break;
-    case 307: codes = {307}; break;
-    case 303: codes = {303}; break;
-    case 823: codes = {822, 823}; break;
-    case 827: codes = {826, 827}; break;
+    case 402:
+        codes = {401, 402};
+        break;
+    case 404:
+        codes = {403, 404, 406};
+        break;
+    case 405:
+        codes = {403, 405, 406};
+        break;
+    case 407:
+        codes = {406, 407};
+        break;
+    case 502:
+        codes = {501, 502};
+        break;
+    case 602:
+        codes = {601, 602};
+        break;
+    case 807:
+        codes = write ? std::vector<int>{807, 502} : std::vector<int>{807};
+        break;
+    case 809:
+        codes = write ? std::vector<int>{809, 602} : std::vector<int>{809};
+        break;
+    case 811:
+        codes = write ? std::vector<int>{811, 810} : std::vector<int>{811};
+        break;
+    case 813:
+        codes = write ? std::vector<int>{813, 812} : std::vector<int>{813};
+        break;
+    case 804:
+        codes = {804};
+        break;
+    case 805:
+        codes = {805};
+        break;
+    case 802:
+        codes = {801, 802};
+        break;
+    case 307:
+        codes = {307};
+        break;
+    case 303:
+        codes = {303};
+        break;
+    case 823:
+        codes = {822, 823};
+        break;
+    case 827:
+        codes = {826, 827};
+        break;
     case 899:
         codes = {807, 806, 823, 822, 851, 850, 802, 801, 813, 812,
                  811, 810, 809, 808, 899, 823, 822, 827, 826};
         break;
-    default: return 0;
+    default:
+        return 0;
     }
     COwnedList<CId> kept;
     for (std::size_t i = 0; i < ChangesList.GetCount(); ++i) {
@@ -465,7 +501,9 @@ int CStructure::SendMessage(int code, int severity, int dialog) {
     std::string text;
     MsgKind kind = MsgKind::Note;
     switch (severity) {
-    case 1: text = "\r\n*** Note ***\r\n"; break;
+    case 1:
+        text = "\r\n*** Note ***\r\n";
+        break;
     case 2:
         text = "\r\n*** Warning ***\r\n";
         kind = MsgKind::Warning;
@@ -474,7 +512,8 @@ int CStructure::SendMessage(int code, int severity, int dialog) {
         text = "\r\n*** Error ***\r\n";
         kind = MsgKind::Error;
         break;
-    default: break;
+    default:
+        break;
     }
     if (severity >= 1 && severity <= 3) ++ErrCount;
     text += GetString(code, m_cmd->GetLanguage());

@@ -41,8 +41,8 @@ class CStructureCmd;
 class CMemResBase;
 
 // The family of operations on one numbered list of the project: the list itself, lookup by
-// number, sorted add with replacement, delete, empty, first free number and deep copy.
-#define KELO_LIST_FAMILY(Type, Name)                                                               \
+// number, sorted add with replacement, empty, first free number and deep copy.
+#define KELO_LIST_FAMILY_BASE(Type, Name)                                                          \
 public:                                                                                            \
     CObList<Type>* Get##Name##List() { return &Name##List; }                                       \
     const CObList<Type>* Get##Name##List() const { return &Name##List; }                           \
@@ -53,13 +53,21 @@ public:                                                                         
         if (addChange) NoteObjectChange();                                                         \
         return added;                                                                              \
     }                                                                                              \
-    void Delete##Name(int no) { Name##List.Delete(no); }                                           \
     void Empty##Name##List() { Name##List.RemoveAll(); }                                           \
     int GetFirstFree##Name##No() const { return Name##List.GetFirstFreeNo(); }                     \
     void Copy##Name##List(CStructure& to) const { to.Name##List = Name##List; }                    \
                                                                                                    \
 private:                                                                                           \
     CObList<Type> Name##List;
+
+// The family with a plain delete by number; no match does nothing.
+#define KELO_LIST_FAMILY(Type, Name)                                                               \
+    KELO_LIST_FAMILY_BASE(Type, Name)                                                              \
+                                                                                                   \
+public:                                                                                            \
+    void Delete##Name(int no) { Name##List.Delete(no); }                                           \
+                                                                                                   \
+private:
 
 // The root of one project: every list of objects, the settings, the interpreter, the result
 // store and the message facility. Everything reaches the model through it.
@@ -132,9 +140,9 @@ public:
     void SetModified(bool m) { m_modified = m; }
 
     // ---- the lists
-    KELO_LIST_FAMILY(CCommandString, ASCIICommand)
+    KELO_LIST_FAMILY_BASE(CCommandString, ASCIICommand)
     KELO_LIST_FAMILY(CRefLine, RefLine)
-    KELO_LIST_FAMILY(CElement, Element)
+    KELO_LIST_FAMILY_BASE(CElement, Element)
     KELO_LIST_FAMILY(CConcrMatPar, ConcrMatPar)
     KELO_LIST_FAMILY(CSteelMatPar, SteelMatPar)
     KELO_LIST_FAMILY(CReinfMatPar, ReinfMatPar)
@@ -148,7 +156,7 @@ public:
     KELO_LIST_FAMILY(CShearReinfType, ShearReinfType)
     KELO_LIST_FAMILY(CChart, Chart)
     KELO_LIST_FAMILY(CDesignSetup, DesignSetup)
-    KELO_LIST_FAMILY(CNode, Node)
+    KELO_LIST_FAMILY_BASE(CNode, Node)
     KELO_LIST_FAMILY(CLoadcase, Loadcase)
     KELO_LIST_FAMILY(CLoadcomb, Loadcomb)
     KELO_LIST_FAMILY(CSortComb, SortComb)
@@ -209,7 +217,6 @@ public:
     void SetASCIICommand(int order, const std::string& text);
     std::string GetASCIICommand(int order) const;
     int GetASCIICommandLength(int order) const;
-    void EmptyASCIICommandList() { ASCIICommandList.RemoveAll(); }
 
     // ---- a new project
     void CreateDefaultContents(int language, int addChange);
@@ -309,5 +316,6 @@ private:
 };
 
 #undef KELO_LIST_FAMILY
+#undef KELO_LIST_FAMILY_BASE
 
 } // namespace kelo

@@ -9,7 +9,7 @@ bool CTextReader::Open(const std::string& path) {
     m_file = std::fopen(path.c_str(), "rb");
     if (!m_file) return false;
     struct stat st {};
-    if (fstat(fileno(m_file), &st) != 0 || S_ISDIR(st.st_mode)) {
+    if (fstat(fileno(m_file), &st) != 0 || !S_ISREG(st.st_mode)) {
         Close();
         return false;
     }

@@ -104,7 +104,8 @@ TEST(CommandValues, FaultsAreReportedAndDropTheCommand) {
 
 TEST(Command, CommentsBlankLinesAndBannersStoreNothing) {
     Project p;
-    for (const char* line : {"\r\n", "   ! only a comment\r\n", "% another\r\n", "*** Error ***\r\n"}) {
+    for (const char* line :
+         {"\r\n", "   ! only a comment\r\n", "% another\r\n", "*** Error ***\r\n"}) {
         std::string l = line;
         EXPECT_EQ(p.cmd().Command(l, &p.log, 0, 1), 0) << line;
     }
@@ -255,8 +256,9 @@ TEST(Messages, HeadersCountsDialogLimitAndErrorFile) {
          at = err.find("*** Warning ***", at + 1))
         ++count;
     EXPECT_EQ(count, 7u);
-    EXPECT_NE(err.find("\r\n*** Warning ***\r\n'BRIDGE' is not a valid command!\r\n'BRIDGE 1'\r\n\r\n"),
-              std::string::npos);
+    EXPECT_NE(
+        err.find("\r\n*** Warning ***\r\n'BRIDGE' is not a valid command!\r\n'BRIDGE 1'\r\n\r\n"),
+        std::string::npos);
     EXPECT_NE(err.find("Flere feilmeldinger vil ikke bli vist!"), std::string::npos);
     std::remove("messages_test.err");
 }

@@ -10,7 +10,8 @@ using namespace kelo::e2e;
 // TOTAL = 3 spans of 32.5, LAST = 3*10 + 2 from the last rounds of the two loops. A wrong value
 // runs a misspelt keyword, which kelo reports.
 TEST(CommandLanguageExample, DefinitionsExpressionsAndLoopsGiveTheHandValues) {
-    const std::string check = "INPUT \"" + SourcePath("examples/first_steps.inp") + "\"\n"
+    const std::string check = "INPUT \"" + SourcePath("examples/first_steps.inp") +
+                              "\"\n"
                               "IF L NE 97.5\nL_IS_WRONG\nENDIF\n"
                               "IF H NE 2.03125\nH_IS_WRONG\nENDIF\n"
                               "DIFF=ANGLE-3.5763343749973511\n"

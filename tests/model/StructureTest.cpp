@@ -122,8 +122,7 @@ TEST(ChangeRecords, NamesEqualityAndSweepingChanges) {
     EXPECT_EQ(CId(401, 1).IsWriteAllOfSameCode(all), 0);
 
     CStructure s(2);
-    for (int code : {401, 403, 402, 501})
-        s.GetChangesList()->Add(std::make_unique<CId>(code, 5));
+    for (int code : {401, 403, 402, 501}) s.GetChangesList()->Add(std::make_unique<CId>(code, 5));
     EXPECT_EQ(s.DeleteRedundantChanges(CId(402, 99)), 1);
     EXPECT_EQ(s.GetChangesList()->GetCount(), 2u);
     EXPECT_EQ(s.DeleteRedundantChanges(CId(402, 1)), 0);
