@@ -179,6 +179,11 @@ TEST(MessageTable, KeysOfTheStringTableHaveWordsInBothLanguages) {
             SCOPED_TRACE(key);
             EXPECT_FALSE(GetString(key, kEnglish).empty());
             EXPECT_FALSE(GetString(key, kNorwegian).empty());
+            // Only the closing mark and labels that are the same word in both languages may
+            // read alike; any other equal pair was left untranslated.
+            const bool alike =
+                key == 1011 || key == 1401 || key == 1402 || key == 1406 || key == 1408;
+            EXPECT_EQ(GetString(key, kEnglish) == GetString(key, kNorwegian), alike);
         }
     }
     const std::vector<std::string> labels = {"Type = ",   "x/l = ",    "Dir = ",       "Code = ",
