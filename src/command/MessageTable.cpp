@@ -697,6 +697,14 @@ int MessageSeverity(int number) {
 std::string ComposeMessage(int number, int n, double x, const std::string* text, int language) {
     if (const MessageEntry* entry = FindMessage(number))
         return Compose(*entry, n, x, text, language);
+    // Two messages of the reader itself stand outside the numbered table: a keyword that the
+    // language no longer reads, and a line given to an interpreter without a project.
+    if (number == 2000) {
+        const std::string words = language == 1 ? "er en utgått kommando og leses ikke lenger!"
+                                                : "is a retired command and is no longer read!";
+        return (text ? "'" + *text + "' " : std::string()) + words + kCrLf;
+    }
+    if (number == 3000) return GetString(1003, language) + kCrLf;
     return GetString(kUnknownMessageKey, language) + kCrLf;
 }
 

@@ -107,8 +107,9 @@ TEST(ChangeRecords, NamesEqualityAndSweepingChanges) {
     id.SetActiveApp(2);
     std::string line;
     id.GetIdString(line);
-    EXPECT_EQ(line, "BASE_WRITE          CID_NODE                        2      1.000     "
-                    "12.000      0.000\r\n");
+    // Action in 20 columns, code in 30, then " %3i" and three "  %9.3f".
+    EXPECT_EQ(line, "BASE_WRITE" + std::string(10, ' ') + "CID_NODE" + std::string(22, ' ') +
+                        "   2      1.000     12.000      0.000\r\n");
     EXPECT_STREQ(CId::ActionName(42), "UNKNOWN ACTION!!!!");
     EXPECT_STREQ(CId::CodeName(123), "UNKNOWN CODE!!!!!!!!");
     CId near(401, 1);
