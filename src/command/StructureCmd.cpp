@@ -415,15 +415,25 @@ int CStructureCmd::Dispatch(int type, const std::string& word, std::string& rest
     if (it != m_handlers.end()) return it->second(rest, showDialog);
     // A keyword of the language whose handler this build does not have yet: said as a warning
     // so that a file relying on it is not taken for a success.
-    ++m_warnCount;
-    ++m_totalWarnings;
-    const std::string words =
-        m_language == 1 ? Format("Kommandoen %s er ikke tilgjengelig ennå!\r\n", word.c_str())
-                        : Format("Command %s is not available yet!\r\n", word.c_str());
-    std::string line = m_line.substr(0, m_line.find('\r'));
-    Log(line + MessageHeader(2) + words + "\r\n");
-    m_structure->AddErrMessage(std::string(MessageHeader(2)) + words + "'" + line + "'\r\n\r\n");
+    ReaderMessage(2, Format("Command %s is not available yet!", word.c_str()),
+                  Format("Kommandoen %s er ikke tilgjengelig ennå!", word.c_str()));
     return -1;
+}
+
+void CStructureCmd::ReaderMessage(int severity, const std::string& english,
+                                  const std::string& norwegian) {
+    if (severity == 3) {
+        ++m_errCount;
+        ++m_totalErrors;
+    } else {
+        ++m_warnCount;
+        ++m_totalWarnings;
+    }
+    const std::string words =
+        std::string(MessageHeader(severity)) + (m_language == 1 ? norwegian : english) + "\r\n";
+    const std::string line = m_line.substr(0, m_line.find('\r'));
+    Log(line + words + "\r\n");
+    m_structure->AddErrMessage(words + "'" + line + "'\r\n\r\n");
 }
 
 int CStructureCmd::CommandValues(const std::string& line, double* values, int maxValues,
@@ -845,6 +855,7 @@ int CStructureCmd::Do(std::string& rest, int showDialog) {
 }
 
 int CStructureCmd::Enddo(std::string&, int showDialog) {
+    std::string* log = m_logText;
     double value = m_doValue;
     const double last = m_doLast;
     const double step = m_doStep;
@@ -859,12 +870,28 @@ int CStructureCmd::Enddo(std::string&, int showDialog) {
         Message(3501, showDialog, 0, step, nullptr);
         return -2;
     }
+    if (m_replayDepth == 0) m_roundsLeft = m_maxLoopRounds;
+    ++m_replayDepth;
+    int result = 0;
     while (value <= last) {
+        if (m_roundsLeft <= 0) {
+            ReaderMessage(
+                3,
+                Format("DO %s stopped: more than %ld loop rounds!", name.c_str(), m_maxLoopRounds),
+                Format("DO %s stoppet: mer enn %ld runder i løkker!", name.c_str(),
+                       m_maxLoopRounds));
+            result = -2;
+            break;
+        }
+        --m_roundsLeft;
         m_aliases.AddTempAlias(value, name);
-        CommandConvert(&body, nullptr, showDialog);
+        // The body's messages go to the log of the line that closed the loop, so that a user
+        // sees the faults of a loop where he sees all others.
+        CommandConvert(&body, log, showDialog);
         value += step;
     }
-    return 0;
+    --m_replayDepth;
+    return result;
 }
 
 } // namespace kelo

@@ -107,12 +107,18 @@ public:
     // How deep INPUT files may nest before the reader refuses: no real project comes near it,
     // and a file that includes itself ends here instead of exhausting the stack.
     static constexpr int kMaxInputDepth = 64;
+    // How many rounds the DO loops started by one outermost ENDDO may run in all, nested loops
+    // included: far beyond any real model, and an end to loops such as DO I 1 1E12.
+    static constexpr long kMaxLoopRounds = 10000000;
+    void SetMaxLoopRounds(long rounds) { m_maxLoopRounds = rounds; }
 
 private:
     void InitCommands();
     void RegisterCoreHandlers();
     int Dispatch(int type, const std::string& word, std::string& rest, int showDialog);
     void RecalcDependencies();
+    // A message of the reader's own words, for faults that have no number in the table.
+    void ReaderMessage(int severity, const std::string& english, const std::string& norwegian);
 
     // The handlers of the reader's own commands.
     int Input(std::string& rest, int showDialog);
@@ -145,6 +151,9 @@ private:
     std::string m_doVariable, m_doBody;
     int m_noAddChanges = 0;
     std::vector<std::string> m_fileStack;
+    long m_maxLoopRounds = kMaxLoopRounds;
+    long m_roundsLeft = 0;
+    int m_replayDepth = 0;
     CAliasTable m_aliases;
     std::unordered_map<std::string, int> m_commands;
     std::unordered_map<int, Handler> m_handlers;

@@ -302,7 +302,6 @@ private:
     std::string ProfileStdString, ProfileGenString, BucklingString, ProfileLibFile, AppVersion;
     int ErrCount = 0;
     int MaxDialogs = 5;
-    int m_msgFlag = 1;
     int MsgOption = 0;
     CTextWriter m_errFile;
     std::string m_documentPath;

@@ -308,3 +308,16 @@ TEST(Clear, AllGivesANewProjectAndResOnlyKeepsTheModel) {
     EXPECT_EQ(p.s.GetASCIICommandList()->GetCount(), 0u);
     EXPECT_EQ(p.Run("CLEAR 5\n"), -2);
 }
+
+TEST(FlowControl, LoopRoundsAreBoundedOverNestedLoops) {
+    Project p;
+    p.cmd().SetMaxLoopRounds(50);
+    EXPECT_EQ(p.Run("M=0\nDO I 1 10\nDO J 1 10\nM=M+1\nENDDO\nENDDO\n"), -2);
+    // 50 rounds in all, outer ones included: four outer rounds of 1 + 10, then 1 + 5.
+    EXPECT_EQ(p.Alias("M"), 45.0);
+    EXPECT_NE(p.log.find("more than 50 loop rounds!"), std::string::npos);
+    EXPECT_EQ(p.cmd().GetDoDepth(), -1);
+    // The budget is given anew to the next loop.
+    EXPECT_EQ(p.Run("Z=0\nDO I 1 30\nZ=Z+1\nENDDO\n"), 0);
+    EXPECT_EQ(p.Alias("Z"), 30.0);
+}
