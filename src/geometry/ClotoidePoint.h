@@ -5,7 +5,7 @@ namespace kelo {
 // The clothoid series of a spiral of parameter A (m), with l the arc length (m) from the point of
 // infinite radius. The local frame has its origin at that point, x along the tangent there and y
 // to the left, so that the spiral turns left with growing l. Three terms of each series keep the
-// error below 1e-6·A for l up to A, which covers every transition curve of a road.
+// error below 2e-6·A for l up to A, which covers every transition curve of a road.
 double ClotoideX(double l, double a);
 double ClotoideY(double l, double a);
 // Accumulated tangent angle l²/(2A²), radians.
