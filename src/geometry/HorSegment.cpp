@@ -80,6 +80,11 @@ void CHorSegment::StationsChanged() {
 
 void CHorSegment::ClearUnits() { StartUnitX = StartUnitY = EndUnitX = EndUnitY = 0.0; }
 
+void CHorSegment::SetSegmCalc(int v) {
+    SegmCalc = v;
+    if (v != 1) StationsChanged();
+}
+
 int CHorSegment::CalculateAndValidate() {
     switch (Type) {
     case 1:
@@ -103,6 +108,7 @@ int CHorSegment::CalculateAndValidate() {
     default:
         break;
     }
+    if (SegmCalc != 1) StationsChanged();
     return SegmCalc;
 }
 

@@ -75,7 +75,7 @@ public:
     double GetKlotoideParam() const { return KlotoideParam; }
     void SetKlotoideParam(double v) { KlotoideParam = v; }
     int GetSegmCalc() const { return SegmCalc; }
-    void SetSegmCalc(int v) { SegmCalc = v; }
+    void SetSegmCalc(int v);
     double GetStartUnitX() const { return StartUnitX; }
     void SetStartUnitX(double v) { StartUnitX = v; }
     double GetStartUnitY() const { return StartUnitY; }
@@ -95,7 +95,8 @@ private:
     void CalcClotoide();
     void CalcChainedClotoide();
     void ClearUnits();
-    // Hands a station change to the owning line, which keeps its search order.
+    // Hands a change of stations or of the calculated flag to the owning line, which keeps its
+    // search order and knows whether all its segments are calculated.
     void StationsChanged();
 
     int HorSegNo = 0;

@@ -67,7 +67,7 @@ void CRefLine::AdoptLists() {
     for (CHorSegment* s : HorSegmentList) s->SetRefLinePtr(this);
     for (CVerSegment* s : VerSegmentList) s->SetRefLinePtr(this);
     for (CCoord* c : CoordList) c->SetRefLinePtr(this);
-    m_horOrderKnown = false;
+    HorSegmentsChanged();
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -121,12 +121,14 @@ CVerSegment* CRefLine::FindVerSegment(double station) const {
 }
 
 void CRefLine::CalcFirstUncalculated() {
+    if (m_horAllCalculated) return;
     for (CHorSegment* seg : HorSegmentList) {
         if (seg->GetSegmCalc() != 1) {
             seg->CalculateAndValidate();
             return;
         }
     }
+    m_horAllCalculated = true;
 }
 
 double CRefLine::CoordLegLength(const CCoord& a, const CCoord& b) const {
@@ -415,7 +417,7 @@ CHorSegment* CRefLine::AddHorSegment(std::unique_ptr<CHorSegment> segment) {
     if (!segment) return nullptr;
     segment->SetRefLinePtr(this);
     segment->SetRefLineNo(No);
-    m_horOrderKnown = false;
+    HorSegmentsChanged();
     return HorSegmentList.Add(std::move(segment));
 }
 
@@ -444,7 +446,7 @@ CKeySection* CRefLine::AddKeySection(std::unique_ptr<CKeySection> section) {
 int CRefLine::DeleteAxis(int no) { return AxisList.Delete(no); }
 
 int CRefLine::DeleteHorSegment(int no) {
-    m_horOrderKnown = false;
+    HorSegmentsChanged();
     return HorSegmentList.Delete(no);
 }
 

@@ -68,8 +68,12 @@ public:
     int RecalcChainedHorSegments();
     // Works out the corner roundings of the vertical tangent polygon. Returns 1.
     int VerifyVerticalCurve(int unused);
-    // Called by a segment of this line whose stations were changed in place.
-    void HorSegmentsChanged() const { m_horOrderKnown = false; }
+    // Called by a segment of this line whose stations were changed in place, or that was left
+    // uncalculated.
+    void HorSegmentsChanged() const {
+        m_horOrderKnown = false;
+        m_horAllCalculated = false;
+    }
 
     // Road profile at a station, interpolated between the neighbours; ahead of the first profile
     // the first pair is extrapolated, past the last one that one is copied.
@@ -234,6 +238,9 @@ private:
     // a station can be found by bisection; worked out again after any change to the list.
     mutable bool m_horOrderKnown = false;
     mutable bool m_horStartsRise = false;
+    // Whether every horizontal segment has been calculated, so that a query need not look for
+    // one that hasn't.
+    mutable bool m_horAllCalculated = false;
 };
 
 } // namespace kelo

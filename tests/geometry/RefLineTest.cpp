@@ -225,6 +225,21 @@ TEST(RefLine, LaterSegmentServesAJointAndSearchFollowsStationChanges) {
     ASSERT_EQ(kink.CalcDirByStation(100.0, d), 1);
     ExpectVec(d, 0.0, 1.0, 0.0, 1e-12);
 
+    // A segment marked uncalculated is calculated again by the next query.
+    kink.GetHorSegmentPtr(2)->SetStartUnitX(0.0);
+    kink.GetHorSegmentPtr(2)->SetStartUnitY(0.0);
+    kink.GetHorSegmentPtr(2)->SetSegmCalc(0);
+    ASSERT_EQ(kink.CalcDirByStation(150.0, d), 1);
+    ExpectVec(d, 0.0, 1.0, 0.0, 1e-12);
+    // One that fails is tried on every query, and its messages pile up.
+    kink.GetHorSegmentPtr(2)->SetEndX(100.0);
+    kink.GetHorSegmentPtr(2)->SetEndY(0.0);
+    kink.GetHorSegmentPtr(2)->SetSegmCalc(0);
+    kink.CalcDirByStation(50.0, d);
+    kink.CalcDirByStation(50.0, d);
+    EXPECT_EQ(kink.GetHorSegmentPtr(2)->GetValidateMessage(),
+              "Error: Zero segment length.\r\nError: Zero segment length.\r\n");
+
     // Numbers out of station order: the later segment in the list wins at the joint.
     CRefLine swapped(2, "Swapped");
     straight(swapped, 1, 100, 100, 0, 200, 100, 100);
@@ -412,4 +427,46 @@ TEST(RefLine, DirectionOfDrawnLabels) {
     EXPECT_NEAR(road.FindRefLineDirection(50.0), std::atan2(510.08, 0.08), 1e-9);
     const Pose e = plan.At(340.0), m = plan.At(339.9);
     EXPECT_NEAR(road.FindRefLineDirection(340.0), std::atan2(e.y - m.x, e.x - m.x), 1e-7);
+}
+
+TEST(RefLine, BisectionFindsWhatAWalkOfTheWholeListFinds) {
+    // A winding line of 61 chained segments, and the same calculated segments numbered from the
+    // far end, so that its start stations fall along the list and it is searched by walking.
+    CRefLine line(1, "Winding");
+    line.AddHorSegment(std::make_unique<CHorSegment>(1, &line, 1, 0, 0, 0, 60, 60, 0, 0, 0, 0));
+    double st = 60.0;
+    for (int no = 2; no <= 61; ++no) {
+        const int kind = no % 4;
+        const double sense = (no / 4) % 2 ? 1.0 : -1.0;
+        const int type = kind == 1 ? 11 : (kind == 3 ? 12 : 13);
+        const double len = kind == 1 ? 60.0 : (kind == 3 ? 80.0 : 40.0);
+        const double r0 = (kind == 3 || kind == 0) ? sense * 400.0 : 0.0;
+        const double r1 = kind == 2 ? sense * 400.0 : 0.0;
+        line.AddHorSegment(std::make_unique<CHorSegment>(no, &line, type, st, 0, 0, st + len, 0, 0,
+                                                         r0, r1, 126.49110640673517));
+        st += len;
+    }
+    ASSERT_EQ(line.RecalcChainedHorSegments(), 1);
+    CRefLine walked(2, "Walked");
+    for (const CHorSegment* s : line.GetHorSegmentList()) {
+        auto copy = std::make_unique<CHorSegment>(*s);
+        copy->SetHorSegNo(62 - s->GetHorSegNo());
+        walked.AddHorSegment(std::move(copy));
+    }
+    // Joints are left out: there the later segment in the list serves, and the renumbered list
+    // has the earlier one later.
+    std::vector<double> stations;
+    for (int i = 0; i < 300; ++i) stations.push_back(st * ((i * 7919) % 1000 + 0.5) / 1000.0);
+    stations.push_back(st + 0.001);
+    stations.push_back(-0.001);
+    for (double s : stations) {
+        SCOPED_TRACE(s);
+        double a[3], b[3];
+        const int ra = line.CalcCoordByStation(s, a);
+        ASSERT_EQ(walked.CalcCoordByStation(s, b), ra);
+        ExpectVec(a, b[0], b[1], b[2], 0.0);
+        line.CalcDirByStation(s, a);
+        walked.CalcDirByStation(s, b);
+        ExpectVec(a, b[0], b[1], b[2], 0.0);
+    }
 }
