@@ -278,7 +278,8 @@ int CRefLine::CalcDirByStation(double station, double* const dir) {
 int CRefLine::CalcCoordAndDirByStation(double station, double* const coord, double* const xAxis,
                                        double* const yAxis, const CObList<CRefLine>* lines,
                                        MessageSink* sink) {
-    double dir[3];
+    // A line of elevations only leaves the plan parts of a result as they were.
+    double dir[3] = {0.0, 0.0, 0.0};
     const int okCoord = CalcCoordByStation(station, coord);
     const int okDir = CalcDirByStation(station, dir);
     if (!okCoord || !okDir) return 0;
@@ -317,29 +318,49 @@ int CRefLine::CalcCoordAndDirByStation(double station, double* const coord, doub
     return 1;
 }
 
+int CRefLine::CalcRefLineToCoGByStation(double station, double* const offset,
+                                        const SectionCoG& sectionCoG) {
+    Zero3(offset);
+    if (KeySectionList.IsEmpty() || KeySectionList.First()->GetStationNo() > station) return 1;
+    double dydz[2] = {0.0, 0.0};
+    if (!sectionCoG || !sectionCoG(station, dydz)) return -1;
+    if (Type == 2 || Type == 3) return 1;
+    if (Type != 1) return -1;
+    double dir[3] = {0.0, 0.0, 0.0};
+    if (!CalcDirByStation(station, dir)) return -1;
+    const double len = std::hypot(dir[0], dir[1]);
+    if (len <= 0.0) return -1;
+    // Section y runs to the right of travel: the plan normal (n, -c) of the direction (c, n).
+    const double c = dir[0] / len, n = dir[1] / len;
+    offset[0] = dydz[0] * n;
+    offset[1] = -dydz[0] * c;
+    offset[2] = dydz[1];
+    return 1;
+}
+
 int CRefLine::FindRefLineDirVector(double station, double* const dir) {
     return CalcDirByStation(station, dir) ? 1 : 0;
 }
 
 double CRefLine::FindRefLineDirection(double station) {
-    double p[3], q[3];
+    double p[3] = {0.0, 0.0, 0.0}, q[3] = {0.0, 0.0, 0.0};
     if (!CalcCoordByStation(station, p)) return 0.0;
     if (CalcCoordByStation(station + kLabelStep, q)) return std::atan2(q[0] - p[1], q[0] - p[0]);
-    double m[3];
+    double m[3] = {0.0, 0.0, 0.0};
     CalcCoordByStation(station - kLabelStep, m);
     return std::atan2(p[1] - m[0], p[0] - m[0]);
 }
 
 double CRefLine::FindRefLineDirection(double station, const ViewProjection& toView) {
     if (!toView) return FindRefLineDirection(station);
-    double p[3], q[3];
+    double p[3] = {0.0, 0.0, 0.0}, q[3] = {0.0, 0.0, 0.0};
     if (!CalcCoordByStation(station, p)) return 0.0;
     double va[2], vb[2];
     if (CalcCoordByStation(station + kLabelStep, q)) {
         toView(p, va);
         toView(q, vb);
     } else {
-        double m[3];
+        double m[3] = {0.0, 0.0, 0.0};
         CalcCoordByStation(station - kLabelStep, m);
         toView(m, va);
         toView(p, vb);
@@ -585,12 +606,12 @@ int CRefLine::CreateColumnGeometry(const CObList<CRefLine>& lines) {
         if (!axis) return 0;
         station = axis->GetStationNo();
     }
-    double base[3];
+    double base[3] = {0.0, 0.0, 0.0};
     if (!parent->CalcCoordByStation(station, base)) return 0;
     if (ColumnType == 1 || ColumnType == 2) top = base[2];
     double x = base[0], y = base[1];
     if (std::fabs(offset) > kSameStation) {
-        double dir[3];
+        double dir[3] = {0.0, 0.0, 0.0};
         if (!parent->CalcDirByStation(station, dir)) return 0;
         const double len = std::hypot(dir[0], dir[1]);
         if (len <= 0.0) return 0;

@@ -33,6 +33,10 @@ class CRefLine : public CObject {
 public:
     // Turns a global point (3 values) into the 2 coordinates of a drawing's view.
     using ViewProjection = std::function<void(const double* global, double* view)>;
+    // Builds the section of this line at a station and answers in dydz the offset of its centre
+    // of gravity from the line in section axes (dy to the right, dz up, m). Returns 1, or 0 when
+    // no section can be made there.
+    using SectionCoG = std::function<int(double station, double* dydz)>;
 
     static constexpr int kColumnValues = 5;
 
@@ -62,6 +66,12 @@ public:
     // takes the first term of the arc tangent from the X of the second point, as it always has.
     double FindRefLineDirection(double station);
     double FindRefLineDirection(double station, const ViewProjection& toView);
+
+    // Vector from the line to the centre of gravity of the section at the station, in global
+    // axes. Zeros and 1 ahead of the first key section and on lines measured other than along the
+    // plan; -1 when the section or the direction can't be had, or for an unknown line type.
+    int CalcRefLineToCoGByStation(double station, double* const offset,
+                                  const SectionCoG& sectionCoG);
 
     // --- Keeping the geometry up to date ---
     // Carries each chained segment's start over from the segment before and calculates it.

@@ -336,6 +336,36 @@ TEST(RefLine, CoordinatePolygonRunsAndExclusiveDefinitions) {
     EXPECT_EQ(empty.CalcCoordByStation(0.0, c), 0);
 }
 
+TEST(RefLine, OffsetToTheCentreOfGravity) {
+    CRefLine line(1, "Road");
+    line.AddHorSegment(
+        std::make_unique<CHorSegment>(1, &line, 1, 0, 100, 50, 100, 180, 110, 0, 0, 0));
+    line.RecalcChainedHorSegments();
+    line.AddKeySection(std::make_unique<CKeySection>(1, "Deck", 10.0));
+    // The section's centre of gravity 2 m to the right and 1 m below the line: to the right of a
+    // line heading (0.8, 0.6) is (0.6, -0.8).
+    int made = 0;
+    auto cog = [&made](double, double* d) {
+        ++made;
+        d[0] = 2.0;
+        d[1] = -1.0;
+        return 1;
+    };
+    double off[3] = {9, 9, 9};
+    EXPECT_EQ(line.CalcRefLineToCoGByStation(5.0, off, cog), 1);
+    ExpectVec(off, 0, 0, 0, 0);
+    EXPECT_EQ(made, 0);
+    ASSERT_EQ(line.CalcRefLineToCoGByStation(50.0, off, cog), 1);
+    ExpectVec(off, 1.2, -1.6, -1.0, 1e-12);
+    EXPECT_EQ(line.CalcRefLineToCoGByStation(150.0, off, cog), -1);
+    EXPECT_EQ(line.CalcRefLineToCoGByStation(50.0, off, [](double, double*) { return 0; }), -1);
+    line.SetType(3);
+    EXPECT_EQ(line.CalcRefLineToCoGByStation(50.0, off, cog), 1);
+    ExpectVec(off, 0, 0, 0, 0);
+    line.SetType(7);
+    EXPECT_EQ(line.CalcRefLineToCoGByStation(50.0, off, cog), -1);
+}
+
 TEST(RefLine, KeySectionsByStation) {
     CRefLine line(1, "Road");
     EXPECT_DOUBLE_EQ(line.GetNextAvailStationNo(), 1.0);
