@@ -13,6 +13,8 @@ CCoord::CCoord(const CCoord& other)
     : CObject(other), CoordNo(other.CoordNo), RefLineNo(other.RefLineNo), Type(other.Type),
       StationNo(other.StationNo), X(other.X), Y(other.Y), Z(other.Z) {}
 
+// The owner is kept: the vertex stays on the line that holds it.
+// cppcheck-suppress operatorEqVarError
 CCoord& CCoord::operator=(const CCoord& other) {
     CoordNo = other.CoordNo;
     RefLineNo = other.RefLineNo;

@@ -40,6 +40,8 @@ CHorSegment::CHorSegment(const CHorSegment& other) : CObject(other) {
     RefLinePtr = nullptr;
 }
 
+// The owner is kept: the segment stays on the line that holds it, which hears of the change.
+// cppcheck-suppress operatorEqVarError
 CHorSegment& CHorSegment::operator=(const CHorSegment& other) {
     if (this == &other) return *this;
     HorSegNo = other.HorSegNo;

@@ -32,12 +32,11 @@ public:
         const double st = obj->GetStationNo();
         auto it = m_items.begin();
         while (it != m_items.end() && (*it)->GetStationNo() < st) ++it;
-        T* raw = obj.get();
         if (it != m_items.end() && (*it)->GetStationNo() == st)
             *it = std::move(obj);
         else
-            m_items.insert(it, std::move(obj));
-        return raw;
+            it = m_items.insert(it, std::move(obj));
+        return it->get();
     }
     // Removes and deletes that object; answers 1 if it was held.
     int Remove(const T* p) {
