@@ -101,15 +101,16 @@ TEST(MemResNode, LongMixedListsAgreeWithAPlainScan) {
     std::uniform_int_distribution<int> modeOf(0, 9);
     const auto dataOf = [&] { return stepOf(random) * 0.125 + jitterOf(random) * 1e-6; };
 
+    // Round 0 keeps ID order throughout, round 1 Data order, round 2 mixes all sort modes. The
+    // lists grow past the length at which the child array splits into blocks.
     for (int round = 0; round < 3; ++round) {
         CMemResNode node(RES_ITEM_MEMRESNODE, 0, 0.0, 0);
         std::vector<std::pair<int, double>> model;
-        for (int n = 0; n < 400; ++n) {
+        for (int n = 0; n < 1500; ++n) {
             const int id = idOf(random);
             const double data = dataOf();
-            // Round 0 keeps ID order throughout; the others mix in appends and Data order.
             const int pick = modeOf(random);
-            const int mode = round == 0 ? 1 : (pick < 2 ? 0 : (pick < 4 ? 2 : 1));
+            const int mode = round < 2 ? round + 1 : (pick < 2 ? 0 : (pick < 5 ? 2 : 1));
             std::size_t at = model.size();
             for (std::size_t i = 0; mode != 0 && i < model.size(); ++i)
                 if ((mode == 1 && model[i].first > id) ||
@@ -120,7 +121,7 @@ TEST(MemResNode, LongMixedListsAgreeWithAPlainScan) {
             model.insert(model.begin() + static_cast<long>(at), {id, data});
             ASSERT_EQ(node.AddChild(Inner(id, data), mode), static_cast<int>(at));
 
-            if (n % 7 != 0) continue;
+            if (n % 37 != 0 && n != 1499) continue;
             for (int probe = 0; probe <= 41; ++probe) {
                 int expected = -1;
                 for (std::size_t i = 0; i < model.size() && expected < 0; ++i)
