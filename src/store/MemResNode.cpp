@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
+#include <iterator>
 
 namespace kelo {
 
@@ -44,13 +46,22 @@ void CMemResNode::ChildList::Insert(int index, std::unique_ptr<CMemResNode> chil
         for (std::size_t k = static_cast<std::size_t>(b) + 1; k < Rest->Starts.size(); ++k)
             ++Rest->Starts[k];
     if (block.size() <= kBlockMax) return;
-    const auto half = static_cast<long>(block.size() / 2);
-    Block tail(std::make_move_iterator(block.begin() + half), std::make_move_iterator(block.end()));
-    block.erase(block.begin() + half, block.end());
+    // Everything that may fail for memory comes before any child moves, so that a failed split
+    // leaves one long block and loses nothing.
     if (!Rest) {
-        Rest = std::make_unique<Blocks>();
-        Rest->Starts.push_back(0);
+        auto rest = std::make_unique<Blocks>();
+        rest->Starts.push_back(0);
+        Rest = std::move(rest);
     }
+    Rest->Starts.reserve(Rest->Starts.size() + 1);
+    Rest->More.reserve(Rest->More.size() + 1);
+    // The reservation may have moved the blocks.
+    Block& full = BlockAt(b);
+    const auto half = static_cast<long>(full.size() / 2);
+    Block tail;
+    tail.reserve(full.size() - static_cast<std::size_t>(half));
+    std::move(full.begin() + half, full.end(), std::back_inserter(tail));
+    full.erase(full.begin() + half, full.end());
     Rest->Starts.insert(Rest->Starts.begin() + b + 1, BlockStart(b) + static_cast<int>(half));
     Rest->More.insert(Rest->More.begin() + b, std::move(tail));
 }
@@ -124,30 +135,39 @@ void CMemResNode::NoteInsertion(int position) {
             (!prev || prev->Data <= added->Data) && (!next || added->Data <= next->Data);
     if (!list.Lookup) return;
     ChildList::Index& index = *list.Lookup;
-    if (index.ByIdValid) {
-        // An appended child cannot be the first of its ID if another one came before it.
-        if (position == n - 1)
-            index.ById.emplace(added->ID, added);
-        else
-            index.ByIdValid = false;
-    }
-    if (index.ByDataValid) {
-        const auto it =
-            std::upper_bound(index.ByData.begin(), index.ByData.end(), added->Data,
-                             [](double d, const CMemResNode* c) { return d < c->Data; });
-        index.ByData.insert(it, added);
+    try {
+        if (index.ByIdValid) {
+            // An appended child cannot be the first of its ID if another one came before it.
+            if (position == n - 1)
+                index.ById.emplace(added->ID, added);
+            else
+                index.ByIdValid = false;
+        }
+        if (index.ByDataValid) {
+            const auto it =
+                std::upper_bound(index.ByData.begin(), index.ByData.end(), added->Data,
+                                 [](double d, const CMemResNode* c) { return d < c->Data; });
+            index.ByData.insert(it, added);
+        }
+    } catch (const std::exception&) {
+        // The index is made again when next needed.
+        list.Lookup.reset();
     }
 }
 
 int CMemResNode::AddChild(std::unique_ptr<CMemResNode> child, int sortMode) {
     if (!child || !IsInner() || sortMode < 0 || sortMode > 2) return -1;
-    if (!Children) Children = std::make_unique<ChildList>();
-    const int position = InsertPosition(*child, sortMode);
-    Children->Insert(position, std::move(child));
-    NoteInsertion(position);
-    // The child just made is the likeliest to be asked for next.
-    Children->LastHit = position;
-    return position;
+    try {
+        if (!Children) Children = std::make_unique<ChildList>();
+        const int position = InsertPosition(*child, sortMode);
+        Children->Insert(position, std::move(child));
+        NoteInsertion(position);
+        // The child just made is the likeliest to be asked for next.
+        Children->LastHit = position;
+        return position;
+    } catch (const std::exception&) {
+        return -1;
+    }
 }
 
 CMemResNode* CMemResNode::GetChildByID(int id) {
@@ -170,20 +190,25 @@ CMemResNode* CMemResNode::GetChildByID(int id) {
         list.LastHit = i;
         return list.At(i);
     }
-    if (n <= kScanLimit) {
-        for (int i = 0; i < n; ++i)
-            if (list.At(i)->ID == id) return list.At(i);
-        return nullptr;
+    if (n > kScanLimit) {
+        try {
+            if (!list.Lookup) list.Lookup = std::make_unique<ChildList::Index>();
+            ChildList::Index& index = *list.Lookup;
+            if (!index.ByIdValid) {
+                index.ById.clear();
+                for (int i = 0; i < n; ++i) index.ById.emplace(list.At(i)->ID, list.At(i));
+                index.ByIdValid = true;
+            }
+            const auto it = index.ById.find(id);
+            return it == index.ById.end() ? nullptr : it->second;
+        } catch (const std::exception&) {
+            // Without memory for the index the scan still answers.
+            list.Lookup.reset();
+        }
     }
-    if (!list.Lookup) list.Lookup = std::make_unique<ChildList::Index>();
-    ChildList::Index& index = *list.Lookup;
-    if (!index.ByIdValid) {
-        index.ById.clear();
-        for (int i = 0; i < n; ++i) index.ById.emplace(list.At(i)->ID, list.At(i));
-        index.ByIdValid = true;
-    }
-    const auto it = index.ById.find(id);
-    return it == index.ById.end() ? nullptr : it->second;
+    for (int i = 0; i < n; ++i)
+        if (list.At(i)->ID == id) return list.At(i);
+    return nullptr;
 }
 
 CMemResNode* CMemResNode::FirstInOrder(const std::vector<CMemResNode*>& candidates) const {
@@ -206,28 +231,34 @@ CMemResNode* CMemResNode::GetChildByData(double data) {
         if (i == n || !WithinTol(list.At(i)->Data, data)) return nullptr;
         return list.At(i);
     }
-    if (n <= kScanLimit) {
-        for (int i = 0; i < n; ++i)
-            if (WithinTol(list.At(i)->Data, data)) return list.At(i);
-        return nullptr;
+    if (n > kScanLimit) {
+        try {
+            if (!list.Lookup) list.Lookup = std::make_unique<ChildList::Index>();
+            ChildList::Index& index = *list.Lookup;
+            if (!index.ByDataValid) {
+                index.ByData.clear();
+                for (int i = 0; i < n; ++i) index.ByData.push_back(list.At(i));
+                std::stable_sort(
+                    index.ByData.begin(), index.ByData.end(),
+                    [](const CMemResNode* a, const CMemResNode* b) { return a->Data < b->Data; });
+                index.ByDataValid = true;
+            }
+            std::vector<CMemResNode*> candidates;
+            for (auto it = std::partition_point(index.ByData.begin(), index.ByData.end(), tooLow);
+                 it != index.ByData.end() && WithinTol((*it)->Data, data); ++it)
+                candidates.push_back(*it);
+            if (candidates.size() <= 1) return candidates.empty() ? nullptr : candidates.front();
+            // Two sections both within the tolerance of `data`: the one met first in the array
+            // wins.
+            return FirstInOrder(candidates);
+        } catch (const std::exception&) {
+            // Without memory for the index the scan still answers.
+            list.Lookup.reset();
+        }
     }
-    if (!list.Lookup) list.Lookup = std::make_unique<ChildList::Index>();
-    ChildList::Index& index = *list.Lookup;
-    if (!index.ByDataValid) {
-        index.ByData.clear();
-        for (int i = 0; i < n; ++i) index.ByData.push_back(list.At(i));
-        std::stable_sort(
-            index.ByData.begin(), index.ByData.end(),
-            [](const CMemResNode* a, const CMemResNode* b) { return a->Data < b->Data; });
-        index.ByDataValid = true;
-    }
-    std::vector<CMemResNode*> candidates;
-    for (auto it = std::partition_point(index.ByData.begin(), index.ByData.end(), tooLow);
-         it != index.ByData.end() && WithinTol((*it)->Data, data); ++it)
-        candidates.push_back(*it);
-    if (candidates.size() <= 1) return candidates.empty() ? nullptr : candidates.front();
-    // Two sections both within the tolerance of `data`: the one met first in the array wins.
-    return FirstInOrder(candidates);
+    for (int i = 0; i < n; ++i)
+        if (WithinTol(list.At(i)->Data, data)) return list.At(i);
+    return nullptr;
 }
 
 CMemResNode* CMemResNode::GetChild(int index) {

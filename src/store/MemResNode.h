@@ -41,6 +41,7 @@ inline constexpr double kMemResDataTol = 1e-5;
 // order was broken by other sort modes, a lazily built index takes over.
 class CMemResNode : public CObject {
 public:
+    // `size` is the number of payload slots of a leaf; an inner node starts without children.
     CMemResNode(int type, int id, double data, int size);
     CMemResNode(const CMemResNode&) = delete;
     CMemResNode& operator=(const CMemResNode&) = delete;
@@ -56,7 +57,8 @@ public:
     // Takes over `child`. Sort mode 0 appends; 1 inserts before the first child of greater ID;
     // 2 inserts before the first child whose Data exceeds the new one's by more than the
     // tolerance. Answers the index given to the child, or -1 (the child is then freed) for a
-    // leaf, which has no child array, for a null child and for an unknown sort mode.
+    // leaf, which has no child array, for a null child, for an unknown sort mode and when memory
+    // runs out.
     int AddChild(std::unique_ptr<CMemResNode> child, int sortMode);
     // The first child of that ID, or null.
     CMemResNode* GetChildByID(int id);
