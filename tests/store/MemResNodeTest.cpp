@@ -111,15 +111,14 @@ TEST(MemResNode, LongMixedListsAgreeWithAPlainScan) {
             const double data = dataOf();
             const int pick = modeOf(random);
             const int mode = round < 2 ? round + 1 : (pick < 2 ? 0 : (pick < 5 ? 2 : 1));
-            std::size_t at = model.size();
-            for (std::size_t i = 0; mode != 0 && i < model.size(); ++i)
-                if ((mode == 1 && model[i].first > id) ||
-                    (mode == 2 && model[i].second - data > 1e-5)) {
-                    at = i;
+            auto at = model.end();
+            for (auto it = model.begin(); mode != 0 && it != model.end(); ++it)
+                if ((mode == 1 && it->first > id) || (mode == 2 && it->second - data > 1e-5)) {
+                    at = it;
                     break;
                 }
-            model.insert(model.begin() + static_cast<long>(at), {id, data});
-            ASSERT_EQ(node.AddChild(Inner(id, data), mode), static_cast<int>(at));
+            ASSERT_EQ(node.AddChild(Inner(id, data), mode), at - model.begin());
+            model.insert(at, {id, data});
 
             if (n % 37 != 0 && n != 1499) continue;
             for (int probe = 0; probe <= 41; ++probe) {
