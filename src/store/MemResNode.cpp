@@ -134,8 +134,8 @@ void CMemResNode::NoteInsertion(int position) {
         list.SortedByData =
             (!prev || prev->Data <= added->Data) && (!next || added->Data <= next->Data);
     if (!list.Lookup) return;
-    ChildList::Index& index = *list.Lookup;
     try {
+        ChildList::Index& index = *list.Lookup;
         if (index.ByIdValid) {
             // An appended child cannot be the first of its ID if another one came before it.
             if (position == n - 1)
