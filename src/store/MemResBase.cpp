@@ -5,6 +5,8 @@
 #include "platform/TextFile.h"
 
 #include <algorithm>
+#include <exception>
+#include <new>
 
 namespace kelo {
 
@@ -140,6 +142,15 @@ void ClearNode(CMemResNode* node) {
     if (node) node->Clear();
 }
 
+// Memory may run out on a big model: a write or a list then answers 0, as a failed one.
+template <class F> int Guarded(F body) noexcept {
+    try {
+        return body();
+    } catch (const std::exception&) {
+        return 0;
+    }
+}
+
 // Reads (mode 0) or writes (modes 5 and 6) through the given pair of functions.
 template <class Read, class Write> int InBase(int mode, Read read, Write write) {
     if (mode == kModeRead) return read();
@@ -168,9 +179,11 @@ CMemResBase::CMemResBase(CStructure* structure) : Structure(structure) { MakeBra
 CMemResBase::~CMemResBase() = default;
 
 void CMemResBase::MakeBranches() {
-    Root = std::make_unique<CMemResNode>(RES_ITEM_MEMRESNODE, 0, 0.0, kBranchCount);
+    auto root = std::make_unique<CMemResNode>(RES_ITEM_MEMRESNODE, 0, 0.0, kBranchCount);
     for (int code = 0; code < kBranchCount; ++code)
-        Root->AddChild(std::make_unique<CMemResNode>(RES_ITEM_MEMRESNODE, code, 0.0, 0), 0);
+        if (root->AddChild(std::make_unique<CMemResNode>(RES_ITEM_MEMRESNODE, code, 0.0, 0), 0) < 0)
+            throw std::bad_alloc();
+    Root = std::move(root);
 }
 
 CMemResNode* CMemResBase::Branch(int code) { return InnerById(Root.get(), code); }
@@ -195,10 +208,12 @@ CMemResNode* CMemResBase::Walk(int code, std::initializer_list<int> ids, bool cr
 // ---- Node results ---------------------------------------------------------------------------
 
 int CMemResBase::SetDisplace(int type, int no, int node, const CDisplace* displace) {
-    if (!displace) return 0;
-    CMemResNode* leaf = LeafById(Walk(RES_ITEM_DISPLACEMENTS, {type, no}, true), node,
-                                 RES_ITEM_DISPLACEMENTS, true);
-    return Store(leaf, *displace);
+    return Guarded([&] {
+        if (!displace) return 0;
+        CMemResNode* leaf = LeafById(Walk(RES_ITEM_DISPLACEMENTS, {type, no}, true), node,
+                                     RES_ITEM_DISPLACEMENTS, true);
+        return Store(leaf, *displace);
+    });
 }
 
 int CMemResBase::GetDisplace(int type, int no, int node, CDisplace* displace) {
@@ -211,12 +226,14 @@ int CMemResBase::GetDisplace(int type, int no, int node, CDisplace* displace) {
 }
 
 int CMemResBase::SetReaction(int type, int no, int node, const double* reaction) {
-    if (!reaction) return 0;
-    CMemResNode* leaf = LeafById(Walk(RES_ITEM_SUPPORT_REACT, {type, no}, true), node,
-                                 RES_ITEM_SUPPORT_REACT, true);
-    ReactionRecord record{};
-    std::copy(reaction, reaction + kMemResReactionValues, record.begin());
-    return Store(leaf, record);
+    return Guarded([&] {
+        if (!reaction) return 0;
+        CMemResNode* leaf = LeafById(Walk(RES_ITEM_SUPPORT_REACT, {type, no}, true), node,
+                                     RES_ITEM_SUPPORT_REACT, true);
+        ReactionRecord record{};
+        std::copy(reaction, reaction + kMemResReactionValues, record.begin());
+        return Store(leaf, record);
+    });
 }
 
 int CMemResBase::GetReaction(int type, int no, int node, double* reaction) {
@@ -230,10 +247,12 @@ int CMemResBase::GetReaction(int type, int no, int node, double* reaction) {
 }
 
 int CMemResBase::SetNodeAccel(int type, int no, int node, const CDisplace* accel) {
-    if (!accel) return 0;
-    CMemResNode* leaf =
-        LeafById(Walk(RES_ITEM_ACCELRATIONS, {type, no}, true), node, RES_ITEM_ACCELRATIONS, true);
-    return Store(leaf, *accel);
+    return Guarded([&] {
+        if (!accel) return 0;
+        CMemResNode* leaf = LeafById(Walk(RES_ITEM_ACCELRATIONS, {type, no}, true), node,
+                                     RES_ITEM_ACCELRATIONS, true);
+        return Store(leaf, *accel);
+    });
 }
 
 int CMemResBase::GetNodeAccel(int type, int no, int node, CDisplace* accel) {
@@ -249,14 +268,16 @@ int CMemResBase::GetNodeAccel(int type, int no, int node, CDisplace* accel) {
 
 int CMemResBase::SetForce(int type, int no, int element, double x, int a, int b,
                           const double* forces) {
-    if (!forces) return 0;
-    CMemResNode* leaf = LeafByData(Walk(RES_ITEM_SECT_FORCE, {type, no, element}, true), x,
-                                   RES_ITEM_SECT_FORCE, true);
-    ForceRecord record{};
-    std::copy(forces, forces + 6, record.begin());
-    record[6] = a;
-    record[7] = b;
-    return Store(leaf, record);
+    return Guarded([&] {
+        if (!forces) return 0;
+        CMemResNode* leaf = LeafByData(Walk(RES_ITEM_SECT_FORCE, {type, no, element}, true), x,
+                                       RES_ITEM_SECT_FORCE, true);
+        ForceRecord record{};
+        std::copy(forces, forces + 6, record.begin());
+        record[6] = a;
+        record[7] = b;
+        return Store(leaf, record);
+    });
 }
 
 int CMemResBase::GetForce(int type, int no, int element, double x, int& a, int& b, double* forces) {
@@ -279,14 +300,16 @@ int CMemResBase::GetForce(int type, int no, int element, double x, int& a, int& 
 int CMemResBase::SetSectionRes(int type, int no, int element, double x,
                                std::shared_ptr<CSectionRes> res,
                                std::shared_ptr<CSectionRes>* old) {
-    if (old) old->reset();
-    if (!res) return 0;
-    CMemResNode* leaf = LeafByData(Walk(RES_ITEM_SECTION_RES, {type, no, element}, true), x,
-                                   RES_ITEM_SECTION_RES, true);
-    if (!leaf) return 0;
-    if (old)
-        if (const auto* previous = Record<std::shared_ptr<CSectionRes>>(leaf)) *old = *previous;
-    return Store(leaf, std::move(res));
+    return Guarded([&] {
+        if (old) old->reset();
+        if (!res) return 0;
+        CMemResNode* leaf = LeafByData(Walk(RES_ITEM_SECTION_RES, {type, no, element}, true), x,
+                                       RES_ITEM_SECTION_RES, true);
+        if (!leaf) return 0;
+        if (old)
+            if (const auto* previous = Record<std::shared_ptr<CSectionRes>>(leaf)) *old = *previous;
+        return Store(leaf, std::move(res));
+    });
 }
 
 int CMemResBase::GetSectionRes(int type, int no, int element, double x,
@@ -301,41 +324,48 @@ int CMemResBase::GetSectionRes(int type, int no, int element, double x,
 
 int CMemResBase::SetTrafTrackPosRes(int type, int no, int element, double x, int row, int track,
                                     const std::string* text) {
-    if (!text) return 0;
-    CMemResNode* position =
-        InnerByData(Walk(RES_ITEM_TRAF_TRACK_POS, {type, no, element}, true), x, true);
-    CMemResNode* rowNode = nullptr;
-    if (position) {
-        rowNode = position->GetChildByID(row);
-        if (!rowNode) {
-            auto made = std::make_unique<CMemResNode>(RES_ITEM_MEMRESNODE, row, 0.0, 0);
-            rowNode = made.get();
-            position->AddChild(std::move(made), 1);
+    return Guarded([&] {
+        if (!text) return 0;
+        CMemResNode* position =
+            InnerByData(Walk(RES_ITEM_TRAF_TRACK_POS, {type, no, element}, true), x, true);
+        CMemResNode* rowNode = nullptr;
+        if (position) {
+            rowNode = position->GetChildByID(row);
+            if (!rowNode) {
+                auto made = std::make_unique<CMemResNode>(RES_ITEM_MEMRESNODE, row, 0.0, 0);
+                rowNode = made.get();
+                position->AddChild(std::move(made), 1);
+            }
+            if (!rowNode->IsInner()) rowNode = nullptr;
         }
-        if (!rowNode->IsInner()) rowNode = nullptr;
-    }
-    CMemResNode* leaf = LeafById(rowNode, track, RES_ITEM_TRAF_TRACK_POS, true);
-    return Store(leaf, *text);
+        CMemResNode* leaf = LeafById(rowNode, track, RES_ITEM_TRAF_TRACK_POS, true);
+        return Store(leaf, *text);
+    });
 }
 
 int CMemResBase::GetTrafTrackPosRes(int type, int no, int element, double x, int row, int track,
                                     std::string* text) {
-    CMemResNode* position =
-        InnerByData(Walk(RES_ITEM_TRAF_TRACK_POS, {type, no, element}, false), x, false);
-    CMemResNode* leaf = LeafById(InnerById(position, row), track, RES_ITEM_TRAF_TRACK_POS, false);
-    if (!leaf || !text) return 0;
-    const std::string* record = Record<std::string>(leaf);
-    *text = record ? *record : std::string();
-    return record ? 1 : 0;
+    return Guarded([&] {
+        CMemResNode* position =
+            InnerByData(Walk(RES_ITEM_TRAF_TRACK_POS, {type, no, element}, false), x, false);
+        CMemResNode* leaf =
+            LeafById(InnerById(position, row), track, RES_ITEM_TRAF_TRACK_POS, false);
+        if (!leaf || !text) return 0;
+        const std::string* record = Record<std::string>(leaf);
+        *text = record ? *record : std::string();
+        return record ? 1 : 0;
+    });
 }
 
 int CMemResBase::SetGovSortComb(int type, int no, int element, double x, const int* sources) {
-    if (!sources) return 0;
-    CMemResNode* leaf = LeafByData(Walk(RES_ITEM_GOV_SORT_COMB, {type, no, element}, true), x,
-                                   RES_ITEM_GOV_SORT_COMB, true);
-    GovSortCombRecord record{};
-    std::copy(sources, sources + kMemResGovSortCombValues, record.begin());
-    return Store(leaf, record);
+    return Guarded([&] {
+        if (!sources) return 0;
+        CMemResNode* leaf = LeafByData(Walk(RES_ITEM_GOV_SORT_COMB, {type, no, element}, true), x,
+                                       RES_ITEM_GOV_SORT_COMB, true);
+        GovSortCombRecord record{};
+        std::copy(sources, sources + kMemResGovSortCombValues, record.begin());
+        return Store(leaf, record);
+    });
 }
 
 int CMemResBase::GetGovSortComb(int type, int no, int element, double x, int* sources) {
@@ -352,10 +382,12 @@ int CMemResBase::GetGovSortComb(int type, int no, int element, double x, int* so
 
 int CMemResBase::SetEigenModeDisplace(int type, int model, int modeNo, int node,
                                       const CDisplace* displace) {
-    if (!displace) return 0;
-    CMemResNode* leaf = LeafById(Walk(RES_ITEM_EIGEN_MODES, {type, model, modeNo}, true), node,
-                                 RES_ITEM_EIGEN_MODES, true);
-    return Store(leaf, *displace);
+    return Guarded([&] {
+        if (!displace) return 0;
+        CMemResNode* leaf = LeafById(Walk(RES_ITEM_EIGEN_MODES, {type, model, modeNo}, true), node,
+                                     RES_ITEM_EIGEN_MODES, true);
+        return Store(leaf, *displace);
+    });
 }
 
 int CMemResBase::GetEigenModeDisplace(int type, int model, int modeNo, int node,
@@ -370,10 +402,12 @@ int CMemResBase::GetEigenModeDisplace(int type, int model, int modeNo, int node,
 
 int CMemResBase::SetBucklingModeDisplace(int type, int model, int modeNo, int node,
                                          const CDisplace* displace) {
-    if (!displace) return 0;
-    CMemResNode* leaf = LeafById(Walk(RES_ITEM_BUCKLING_MODES, {type, model, modeNo}, true), node,
-                                 RES_ITEM_BUCKLING_MODES, true);
-    return Store(leaf, *displace);
+    return Guarded([&] {
+        if (!displace) return 0;
+        CMemResNode* leaf = LeafById(Walk(RES_ITEM_BUCKLING_MODES, {type, model, modeNo}, true),
+                                     node, RES_ITEM_BUCKLING_MODES, true);
+        return Store(leaf, *displace);
+    });
 }
 
 int CMemResBase::GetBucklingModeDisplace(int type, int model, int modeNo, int node,
@@ -388,11 +422,13 @@ int CMemResBase::GetBucklingModeDisplace(int type, int model, int modeNo, int no
 
 int CMemResBase::SetModeRes(int resType, int loadcaseNo, int modeNo,
                             std::shared_ptr<CModeRes> res) {
-    if (!res) return 0;
-    CMemResNode* leaf =
-        LeafById(Walk(RES_ITEM_ACCELRATIONS, {kModeResTypeBase + resType, loadcaseNo}, true),
-                 modeNo, RES_ITEM_ACCELRATIONS, true);
-    return Store(leaf, std::move(res));
+    return Guarded([&] {
+        if (!res) return 0;
+        CMemResNode* leaf =
+            LeafById(Walk(RES_ITEM_ACCELRATIONS, {kModeResTypeBase + resType, loadcaseNo}, true),
+                     modeNo, RES_ITEM_ACCELRATIONS, true);
+        return Store(leaf, std::move(res));
+    });
 }
 
 int CMemResBase::GetModeRes(int resType, int loadcaseNo, int modeNo,
@@ -481,57 +517,65 @@ int CMemResBase::LoadcaseModeResInBase(int /*open*/, int mode, int loadcaseNo, i
 
 int CMemResBase::ModelElemResInBase(int /*open*/, int mode, int model, int element,
                                     std::shared_ptr<CModelElemRes>* res) {
-    if (!res) return 0;
-    const bool write = mode == kModeWrite || mode == kModeOverwrite;
-    if (mode != kModeRead && !write) return 0;
-    if (write && !*res) return 0;
-    CMemResNode* leaf = LeafById(Walk(RES_ITEM_MODEL_ELEM_RES, {model}, write), element,
-                                 RES_ITEM_MODEL_ELEM_RES, write);
-    if (write) return Store(leaf, *res);
-    if (!leaf) return 0;
-    const auto* record = Record<std::shared_ptr<CModelElemRes>>(leaf);
-    *res = record ? *record : nullptr;
-    return record ? 1 : 0;
+    return Guarded([&] {
+        if (!res) return 0;
+        const bool write = mode == kModeWrite || mode == kModeOverwrite;
+        if (mode != kModeRead && !write) return 0;
+        if (write && !*res) return 0;
+        CMemResNode* leaf = LeafById(Walk(RES_ITEM_MODEL_ELEM_RES, {model}, write), element,
+                                     RES_ITEM_MODEL_ELEM_RES, write);
+        if (write) return Store(leaf, *res);
+        if (!leaf) return 0;
+        const auto* record = Record<std::shared_ptr<CModelElemRes>>(leaf);
+        *res = record ? *record : nullptr;
+        return record ? 1 : 0;
+    });
 }
 
 // ---- Lists ----------------------------------------------------------------------------------
 
 int CMemResBase::RetrieveSectionForceList(int element, double x, int type,
                                           std::vector<SectionForceRow>& list) {
-    CMemResNode* typeNode = GetCodeResNode(RES_ITEM_SECT_FORCE, type);
-    int found = 0;
-    for (int i = 0; typeNode && i < typeNode->GetSize(); ++i) {
-        CMemResNode* noNode = typeNode->GetChild(i);
-        CMemResNode* leaf = LeafByData(InnerById(noNode, element), x, RES_ITEM_SECT_FORCE, false);
-        const ForceRecord* record = Record<ForceRecord>(leaf);
-        if (!record) continue;
-        SectionForceRow row;
-        row.Type = type;
-        row.No = noNode->GetID();
-        row.Element = element;
-        row.X = leaf->GetData();
-        row.A = static_cast<int>((*record)[6]);
-        row.B = static_cast<int>((*record)[7]);
-        std::copy(record->begin(), record->begin() + 6, row.Forces.begin());
-        list.push_back(row);
-        ++found;
-    }
-    return found;
+    return Guarded([&] {
+        CMemResNode* typeNode = GetCodeResNode(RES_ITEM_SECT_FORCE, type);
+        int found = 0;
+        for (int i = 0; typeNode && i < typeNode->GetSize(); ++i) {
+            CMemResNode* noNode = typeNode->GetChild(i);
+            CMemResNode* leaf =
+                LeafByData(InnerById(noNode, element), x, RES_ITEM_SECT_FORCE, false);
+            const ForceRecord* record = Record<ForceRecord>(leaf);
+            if (!record) continue;
+            SectionForceRow row;
+            row.Type = type;
+            row.No = noNode->GetID();
+            row.Element = element;
+            row.X = leaf->GetData();
+            row.A = static_cast<int>((*record)[6]);
+            row.B = static_cast<int>((*record)[7]);
+            std::copy(record->begin(), record->begin() + 6, row.Forces.begin());
+            list.push_back(row);
+            ++found;
+        }
+        return found;
+    });
 }
 
 int CMemResBase::RetrieveSectionResList(int element, double x, int type,
                                         std::vector<SectionResRow>& list) {
-    CMemResNode* typeNode = GetCodeResNode(RES_ITEM_SECTION_RES, type);
-    int found = 0;
-    for (int i = 0; typeNode && i < typeNode->GetSize(); ++i) {
-        CMemResNode* noNode = typeNode->GetChild(i);
-        CMemResNode* leaf = LeafByData(InnerById(noNode, element), x, RES_ITEM_SECTION_RES, false);
-        const auto* record = Record<std::shared_ptr<CSectionRes>>(leaf);
-        if (!record) continue;
-        list.push_back({type, noNode->GetID(), element, leaf->GetData(), *record});
-        ++found;
-    }
-    return found;
+    return Guarded([&] {
+        CMemResNode* typeNode = GetCodeResNode(RES_ITEM_SECTION_RES, type);
+        int found = 0;
+        for (int i = 0; typeNode && i < typeNode->GetSize(); ++i) {
+            CMemResNode* noNode = typeNode->GetChild(i);
+            CMemResNode* leaf =
+                LeafByData(InnerById(noNode, element), x, RES_ITEM_SECTION_RES, false);
+            const auto* record = Record<std::shared_ptr<CSectionRes>>(leaf);
+            if (!record) continue;
+            list.push_back({type, noNode->GetID(), element, leaf->GetData(), *record});
+            ++found;
+        }
+        return found;
+    });
 }
 
 namespace {
@@ -553,52 +597,60 @@ int ModeDisplList(CMemResNode* modeNode, int leafType, std::vector<CDisplace>& l
 
 int CMemResBase::RetrieveEigenModeDisplList(int type, int model, int modeNo,
                                             std::vector<CDisplace>& list) {
-    return ModeDisplList(Walk(RES_ITEM_EIGEN_MODES, {type, model, modeNo}, false),
-                         RES_ITEM_EIGEN_MODES, list);
+    return Guarded([&] {
+        return ModeDisplList(Walk(RES_ITEM_EIGEN_MODES, {type, model, modeNo}, false),
+                             RES_ITEM_EIGEN_MODES, list);
+    });
 }
 
 int CMemResBase::RetrieveBucklingModeDisplList(int type, int model, int modeNo,
                                                std::vector<CDisplace>& list) {
-    return ModeDisplList(Walk(RES_ITEM_BUCKLING_MODES, {type, model, modeNo}, false),
-                         RES_ITEM_BUCKLING_MODES, list);
+    return Guarded([&] {
+        return ModeDisplList(Walk(RES_ITEM_BUCKLING_MODES, {type, model, modeNo}, false),
+                             RES_ITEM_BUCKLING_MODES, list);
+    });
 }
 
 int CMemResBase::RetrieveTrafLoadULC(int type, int element, double x,
                                      std::vector<std::array<double, 6>>& rows,
                                      std::vector<int>* loadcases) {
-    CMemResNode* typeNode = GetCodeResNode(RES_ITEM_SECT_FORCE, type);
-    int found = 0;
-    for (int i = 0; typeNode && i < typeNode->GetSize(); ++i) {
-        CMemResNode* noNode = typeNode->GetChild(i);
-        const ForceRecord* record = Record<ForceRecord>(
-            LeafByData(InnerById(noNode, element), x, RES_ITEM_SECT_FORCE, false));
-        if (!record) continue;
-        std::array<double, 6> row{};
-        std::copy(record->begin(), record->begin() + 6, row.begin());
-        rows.push_back(row);
-        if (loadcases) loadcases->push_back(noNode->GetID());
-        ++found;
-    }
-    return found;
+    return Guarded([&] {
+        CMemResNode* typeNode = GetCodeResNode(RES_ITEM_SECT_FORCE, type);
+        int found = 0;
+        for (int i = 0; typeNode && i < typeNode->GetSize(); ++i) {
+            CMemResNode* noNode = typeNode->GetChild(i);
+            const ForceRecord* record = Record<ForceRecord>(
+                LeafByData(InnerById(noNode, element), x, RES_ITEM_SECT_FORCE, false));
+            if (!record) continue;
+            std::array<double, 6> row{};
+            std::copy(record->begin(), record->begin() + 6, row.begin());
+            rows.push_back(row);
+            if (loadcases) loadcases->push_back(noNode->GetID());
+            ++found;
+        }
+        return found;
+    });
 }
 
 int CMemResBase::RetrieveTrafLoadULCDef(int type, int node,
                                         std::vector<std::array<double, 6>>& rows,
                                         std::vector<int>* loadcases) {
-    CMemResNode* typeNode = GetCodeResNode(RES_ITEM_DISPLACEMENTS, type);
-    int found = 0;
-    for (int i = 0; typeNode && i < typeNode->GetSize(); ++i) {
-        CMemResNode* noNode = typeNode->GetChild(i);
-        const CDisplace* record =
-            Record<CDisplace>(LeafById(noNode, node, RES_ITEM_DISPLACEMENTS, false));
-        if (!record) continue;
-        std::array<double, 6> row{};
-        for (int k = 0; k < 6; ++k) row[k] = record->Get(k);
-        rows.push_back(row);
-        if (loadcases) loadcases->push_back(noNode->GetID());
-        ++found;
-    }
-    return found;
+    return Guarded([&] {
+        CMemResNode* typeNode = GetCodeResNode(RES_ITEM_DISPLACEMENTS, type);
+        int found = 0;
+        for (int i = 0; typeNode && i < typeNode->GetSize(); ++i) {
+            CMemResNode* noNode = typeNode->GetChild(i);
+            const CDisplace* record =
+                Record<CDisplace>(LeafById(noNode, node, RES_ITEM_DISPLACEMENTS, false));
+            if (!record) continue;
+            std::array<double, 6> row{};
+            for (int k = 0; k < 6; ++k) row[k] = record->Get(k);
+            rows.push_back(row);
+            if (loadcases) loadcases->push_back(noNode->GetID());
+            ++found;
+        }
+        return found;
+    });
 }
 
 // ---- Queries and deletion -------------------------------------------------------------------
@@ -614,7 +666,15 @@ int CMemResBase::AnyResults(int code, int type) {
 
 int CMemResBase::AnyResultsByType(int type) { return AnyResults(-1, type); }
 
-void CMemResBase::DeleteAllResults() { MakeBranches(); }
+void CMemResBase::DeleteAllResults() {
+    // Fresh branches leave nothing behind, not even nodes hung under the root by hand; when
+    // there is no memory for them, emptying the branches in place still frees every result.
+    try {
+        MakeBranches();
+    } catch (const std::exception&) {
+        Clear(-1);
+    }
+}
 
 void CMemResBase::DeleteAllSpesResults(const int* types) {
     for (const int* type = types; type && *type != 0; ++type)
@@ -746,9 +806,13 @@ private:
 void CMemResBase::DumpContentToFile(const std::string& path) {
     CTextWriter file;
     if (!file.Open(path, false)) return;
-    DumpWriter writer(file);
-    writer.Add(kDumpRoot);
-    for (int i = 0; i < Root->GetSize(); ++i) writer.Node(*Root->GetChild(i), 1, i);
+    try {
+        DumpWriter writer(file);
+        writer.Add(kDumpRoot);
+        for (int i = 0; i < Root->GetSize(); ++i) writer.Node(*Root->GetChild(i), 1, i);
+    } catch (const std::exception&) {
+        // A debugging aid: a dump cut short by lack of memory is left as far as it came.
+    }
 }
 
 } // namespace kelo

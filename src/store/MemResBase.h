@@ -107,12 +107,14 @@ public:
     int SetBucklingModeDisplace(int type, int model, int modeNo, int node,
                                 const CDisplace* displace);
     int GetBucklingModeDisplace(int type, int model, int modeNo, int node, CDisplace* displace);
-    // Results of one mode in a dynamic load case (branch 6, apart from the accelerations).
+    // Results of one mode in a dynamic load case: branch 6, under the result type 100 + resType,
+    // apart from the accelerations under their result codes.
     int SetModeRes(int resType, int loadcaseNo, int modeNo, std::shared_ptr<CModeRes> res);
     int GetModeRes(int resType, int loadcaseNo, int modeNo, std::shared_ptr<CModeRes>* res);
 
     // The same records in the calling form of the project store: mode 0 reads, modes 5 and 6
-    // write, any other mode answers 0. `open` has no meaning in memory.
+    // write, any other mode answers 0. `open` and the owner number `parent` have no meaning in
+    // memory; the mode shapes and the element records take the model number in that place.
     int NodeDisplaceInBase(int open, int mode, int parent, int node, int type, int no,
                            CDisplace* displace);
     int SectionForceInBase(int open, int mode, int parent, int element, double x, int type, int no,

@@ -41,6 +41,7 @@ inline constexpr double kMemResDataTol = 1e-5;
 // order was broken by other sort modes, a lazily built index takes over.
 class CMemResNode : public CObject {
 public:
+    // `size` is the number of payload slots of a leaf; an inner node starts without children.
     CMemResNode(int type, int id, double data, int size);
     CMemResNode(const CMemResNode&) = delete;
     CMemResNode& operator=(const CMemResNode&) = delete;
@@ -56,7 +57,8 @@ public:
     // Takes over `child`. Sort mode 0 appends; 1 inserts before the first child of greater ID;
     // 2 inserts before the first child whose Data exceeds the new one's by more than the
     // tolerance. Answers the index given to the child, or -1 (the child is then freed) for a
-    // leaf, which has no child array, for a null child and for an unknown sort mode.
+    // leaf, which has no child array, for a null child, for an unknown sort mode and when memory
+    // runs out.
     int AddChild(std::unique_ptr<CMemResNode> child, int sortMode);
     // The first child of that ID, or null.
     CMemResNode* GetChildByID(int id);
@@ -75,31 +77,67 @@ public:
     void Clear();
 
 private:
-    struct ChildIndex {
-        // First child of each ID, while the children are out of ID order.
-        std::unordered_map<int, CMemResNode*> ById;
-        bool ByIdValid = false;
-        // Children by ascending Data, while the children are out of Data order.
-        std::vector<CMemResNode*> ByData;
-        bool ByDataValid = false;
+    // The children of an inner node in their order. They are kept in blocks of bounded length,
+    // so that an insertion anywhere in a long list moves at most one block: the solver writes
+    // node results in its band order, which scrambles the node numbers.
+    class ChildList {
+    public:
+        int Size() const { return Count; }
+        CMemResNode* At(int index) const;
+        CMemResNode* Back() const { return BlockAt(BlockCount() - 1).back().get(); }
+        void Insert(int index, std::unique_ptr<CMemResNode> child);
+        // First index at which `pred` turns false; `pred` must hold on a leading run only.
+        template <class Pred> int PartitionPoint(Pred pred) const;
+
+        // Children stand in ascending ID order, and in ascending Data order.
+        bool SortedById = true;
+        bool SortedByData = true;
+        // Where the last ID lookup hit: results are written and read in runs of neighbouring
+        // keys.
+        int LastHit = 0;
+
+        // Lookups of a long list out of key order, made when first needed.
+        struct Index {
+            // First child of each ID.
+            std::unordered_map<int, CMemResNode*> ById;
+            bool ByIdValid = false;
+            // Children by ascending Data.
+            std::vector<CMemResNode*> ByData;
+            bool ByDataValid = false;
+        };
+        std::unique_ptr<Index> Lookup;
+
+    private:
+        using Block = std::vector<std::unique_ptr<CMemResNode>>;
+        // The blocks after the first, and the index of the first child of every block.
+        struct Blocks {
+            std::vector<Block> More;
+            std::vector<int> Starts;
+        };
+        Block& BlockAt(int b) { return b == 0 ? First : Rest->More[b - 1]; }
+        const Block& BlockAt(int b) const { return b == 0 ? First : Rest->More[b - 1]; }
+        int BlockCount() const { return Rest ? static_cast<int>(Rest->More.size()) + 1 : 1; }
+        int BlockStart(int b) const { return Rest ? Rest->Starts[b] : 0; }
+        // The block that holds `index`; the last one for the index past the end.
+        int BlockOf(int index) const;
+
+        Block First;
+        std::unique_ptr<Blocks> Rest;
+        int Count = 0;
+        // The block of the last access; neighbouring children are mostly asked for in turn.
+        mutable int LastBlock = 0;
     };
 
     int InsertPosition(const CMemResNode& child, int sortMode) const;
     void NoteInsertion(int position);
-    ChildIndex& Index();
     CMemResNode* FirstInOrder(const std::vector<CMemResNode*>& candidates) const;
 
     int ID;
     int Type;
     double Data;
     int SlotCount = 0;
-    // Children stand in ascending ID order, and in ascending Data order.
-    bool SortedById = true;
-    bool SortedByData = true;
-    // Where the last ID lookup hit: results are written and read in runs of neighbouring keys.
-    int LastHit = 0;
-    std::vector<std::unique_ptr<CMemResNode>> Children;
-    std::unique_ptr<ChildIndex> Lookup;
+    // Inner nodes only, made with the first child.
+    std::unique_ptr<ChildList> Children;
     // A leaf's first slot lies in the node, so that the common one-record leaf takes no extra
     // allocation; further slots are allocated with the node.
     std::any Entry0;
