@@ -1,6 +1,9 @@
 #include "command/StructureCmd.h"
 
+#include "command/AlignmentCmd.h"
 #include "command/Expression.h"
+#include "command/FrameCmd.h"
+#include "command/LoadCmd.h"
 #include "command/MessageTable.h"
 #include "model/Id.h"
 #include "model/Structure.h"
@@ -216,6 +219,9 @@ CStructureCmd::CStructureCmd(CStructure* structure, int language)
     m_ifState.fill(-1);
     InitCommands();
     RegisterCoreHandlers();
+    m_frameCmd = std::make_unique<CFrameCmd>(*this);
+    m_loadCmd = std::make_unique<CLoadCmd>(*this);
+    m_alignmentCmd = std::make_unique<CAlignmentCmd>(*this);
 }
 
 CStructureCmd::~CStructureCmd() = default;

@@ -13,6 +13,9 @@
 namespace kelo {
 
 class CStructure;
+class CFrameCmd;
+class CLoadCmd;
+class CAlignmentCmd;
 
 // The interpreter of command files. A text is fed to it a line at a time; each line is joined
 // with its continuations, stripped of comments, dispatched by its keyword to a handler, and
@@ -158,6 +161,10 @@ private:
     std::unordered_map<std::string, int> m_commands;
     std::unordered_map<int, Handler> m_handlers;
     std::unordered_map<int, Check> m_checks;
+    // The command families; each registers its handlers when it is made.
+    std::unique_ptr<CFrameCmd> m_frameCmd;
+    std::unique_ptr<CLoadCmd> m_loadCmd;
+    std::unique_ptr<CAlignmentCmd> m_alignmentCmd;
 };
 
 } // namespace kelo
