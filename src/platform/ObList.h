@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 #include <functional>
+#include <map>
 #include <memory>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -13,10 +13,11 @@ namespace kelo {
 // An owning list of numbered objects. T answers its number through `int KeyNo() const`.
 //
 // Semantics of the model's lists: `Add` keeps the list sorted by number and an object of a number
-// that is already there replaces the old one in its place. Lookups by number go through a hash
-// index, so they stay O(1) when the list is re-ordered (the analysis sorts a copy of the node list
-// by coordinate). Objects added out of number order are appended and the list is put back in
-// number order when it is next walked, so that adding n objects in any order costs O(n log n).
+// that is already there replaces the old one in its place. The objects live in a tree ordered by
+// number, so adding, finding and deleting cost O(log n) in any order of numbers. Walks and
+// positions go through a vector of the present order, made again only after the list changed,
+// which costs no more than the walk itself. A list can be put in another order (the analysis
+// sorts a copy of the node list by coordinate); lookups by number stay O(log n) then.
 template <class T> class CObList {
 public:
     CObList() = default;
@@ -33,21 +34,27 @@ public:
         if (!obj) return nullptr;
         const int no = obj->KeyNo();
         T* raw = obj.get();
-        auto found = m_index.find(no);
-        if (found != m_index.end()) {
-            m_items[PositionOf(found->second)] = std::move(obj);
-            found->second = raw;
+        auto found = m_map.find(no);
+        if (found != m_map.end()) {
+            T* old = found->second.get();
+            if (m_custom || m_orderValid) {
+                for (T*& p : m_order)
+                    if (p == old) p = raw;
+            }
+            found->second = std::move(obj);
             return raw;
         }
-        if (m_order == Order::Custom) {
-            auto it = std::find_if(m_items.begin(), m_items.end(),
-                                   [no](const std::unique_ptr<T>& p) { return p->KeyNo() > no; });
-            m_items.insert(it, std::move(obj));
+        const bool atEnd = m_map.empty() || m_map.rbegin()->first < no;
+        m_map.emplace(no, std::move(obj));
+        if (m_custom) {
+            auto it = std::find_if(m_order.begin(), m_order.end(),
+                                   [no](const T* p) { return p->KeyNo() > no; });
+            m_order.insert(it, raw);
+        } else if (m_orderValid && atEnd) {
+            m_order.push_back(raw);
         } else {
-            if (!m_items.empty() && m_items.back()->KeyNo() > no) m_order = Order::Pending;
-            m_items.push_back(std::move(obj));
+            m_orderValid = false;
         }
-        m_index.emplace(no, raw);
         return raw;
     }
     template <class... A> T* Emplace(A&&... args) {
@@ -55,137 +62,108 @@ public:
     }
 
     T* Get(int no) const {
-        auto it = m_index.find(no);
-        return it == m_index.end() ? nullptr : it->second;
+        auto it = m_map.find(no);
+        return it == m_map.end() ? nullptr : it->second.get();
     }
-    bool Has(int no) const { return m_index.count(no) != 0; }
+    bool Has(int no) const { return m_map.count(no) != 0; }
 
     // Removes and deletes the object of that number; no match does nothing. Answers 1 if removed.
-    int Delete(int no) {
-        auto it = m_index.find(no);
-        if (it == m_index.end()) return 0;
-        m_items.erase(m_items.begin() + static_cast<std::ptrdiff_t>(PositionOf(it->second)));
-        m_index.erase(it);
-        return 1;
-    }
+    int Delete(int no) { return Release(no) ? 1 : 0; }
     // Hands the object of that number to the caller without deleting it.
     std::unique_ptr<T> Release(int no) {
-        auto it = m_index.find(no);
-        if (it == m_index.end()) return nullptr;
-        const std::size_t pos = PositionOf(it->second);
-        std::unique_ptr<T> out = std::move(m_items[pos]);
-        m_items.erase(m_items.begin() + static_cast<std::ptrdiff_t>(pos));
-        m_index.erase(it);
+        auto it = m_map.find(no);
+        if (it == m_map.end()) return nullptr;
+        std::unique_ptr<T> out = std::move(it->second);
+        m_map.erase(it);
+        if (m_custom)
+            m_order.erase(std::find(m_order.begin(), m_order.end(), out.get()));
+        else
+            m_orderValid = false;
         return out;
     }
 
     void RemoveAll() {
-        m_items.clear();
-        m_index.clear();
-        m_order = Order::Sorted;
+        m_map.clear();
+        m_order.clear();
+        m_orderValid = true;
+        m_custom = false;
     }
 
     // The lowest number from 1 that no entry has.
     int GetFirstFreeNo() const {
-        for (int i = 1;; ++i)
-            if (!Has(i)) return i;
+        int candidate = 1;
+        for (auto it = m_map.lower_bound(1); it != m_map.end() && it->first == candidate; ++it)
+            ++candidate;
+        return candidate;
     }
 
-    std::size_t GetCount() const { return m_items.size(); }
-    bool IsEmpty() const { return m_items.empty(); }
+    std::size_t GetCount() const { return m_map.size(); }
+    bool IsEmpty() const { return m_map.empty(); }
 
     // Position of an object in the list's present order, -1 when absent.
     int GetPos(int no) const {
         const T* p = Get(no);
-        return p ? static_cast<int>(PositionOf(p)) : -1;
+        if (!p) return -1;
+        const std::vector<T*>& order = Order();
+        auto it = m_custom ? std::find(order.begin(), order.end(), p)
+                           : std::lower_bound(order.begin(), order.end(), no,
+                                              [](const T* a, int n) { return a->KeyNo() < n; });
+        return static_cast<int>(it - order.begin());
     }
-    T* At(std::size_t pos) const {
-        Settle();
-        return m_items[pos].get();
+    T* At(std::size_t pos) const { return Order()[pos]; }
+    T* First() const {
+        if (m_map.empty()) return nullptr;
+        return m_custom ? m_order.front() : m_map.begin()->second.get();
     }
-    T* First() const { return m_items.empty() ? nullptr : At(0); }
-    T* Last() const { return m_items.empty() ? nullptr : At(m_items.size() - 1); }
+    T* Last() const {
+        if (m_map.empty()) return nullptr;
+        return m_custom ? m_order.back() : m_map.rbegin()->second.get();
+    }
 
     // Re-orders the list by a caller's rule; number lookups stay valid. Later `Add` calls insert
     // before the first entry of a higher number, as in a number-sorted list.
     void SortBy(const std::function<bool(const T&, const T&)>& less) {
-        Settle();
-        std::stable_sort(m_items.begin(), m_items.end(),
-                         [&less](const std::unique_ptr<T>& a, const std::unique_ptr<T>& b) {
-                             return less(*a, *b);
-                         });
-        m_order = Order::Custom;
+        std::vector<T*> order = Order();
+        std::stable_sort(order.begin(), order.end(),
+                         [&less](const T* a, const T* b) { return less(*a, *b); });
+        m_order = std::move(order);
+        m_custom = true;
     }
     void SortByNumber() {
-        m_order = Order::Pending;
-        Settle();
+        m_custom = false;
+        m_orderValid = false;
     }
 
-    class const_iterator {
-    public:
-        using iterator_category = std::forward_iterator_tag;
-        using value_type = T*;
-        using difference_type = std::ptrdiff_t;
-        using pointer = T* const*;
-        using reference = T*;
-        explicit const_iterator(typename std::vector<std::unique_ptr<T>>::const_iterator it)
-            : m_it(it) {}
-        T* operator*() const { return m_it->get(); }
-        const_iterator& operator++() {
-            ++m_it;
-            return *this;
-        }
-        bool operator==(const const_iterator& o) const { return m_it == o.m_it; }
-        bool operator!=(const const_iterator& o) const { return m_it != o.m_it; }
-
-    private:
-        typename std::vector<std::unique_ptr<T>>::const_iterator m_it;
-    };
-    const_iterator begin() const {
-        Settle();
-        return const_iterator(m_items.cbegin());
-    }
-    const_iterator end() const { return const_iterator(m_items.cend()); }
+    using const_iterator = typename std::vector<T*>::const_iterator;
+    const_iterator begin() const { return Order().cbegin(); }
+    const_iterator end() const { return Order().cend(); }
 
 private:
-    enum class Order { Sorted, Pending, Custom };
-
-    void Settle() const {
-        if (m_order != Order::Pending) return;
-        std::stable_sort(m_items.begin(), m_items.end(),
-                         [](const std::unique_ptr<T>& a, const std::unique_ptr<T>& b) {
-                             return a->KeyNo() < b->KeyNo();
-                         });
-        m_order = Order::Sorted;
-    }
-    std::size_t PositionOf(const T* p) const {
-        Settle();
-        if (m_order == Order::Sorted) {
-            const int no = p->KeyNo();
-            auto it =
-                std::lower_bound(m_items.begin(), m_items.end(), no,
-                                 [](const std::unique_ptr<T>& a, int n) { return a->KeyNo() < n; });
-            while (it != m_items.end() && it->get() != p) ++it;
-            return static_cast<std::size_t>(it - m_items.begin());
+    const std::vector<T*>& Order() const {
+        if (!m_custom && !m_orderValid) {
+            m_order.clear();
+            m_order.reserve(m_map.size());
+            for (const auto& entry : m_map) m_order.push_back(entry.second.get());
+            m_orderValid = true;
         }
-        auto it = std::find_if(m_items.begin(), m_items.end(),
-                               [p](const std::unique_ptr<T>& a) { return a.get() == p; });
-        return static_cast<std::size_t>(it - m_items.begin());
+        return m_order;
     }
     void CopyFrom(const CObList& other) {
         RemoveAll();
-        other.Settle();
-        m_items.reserve(other.m_items.size());
-        for (const auto& p : other.m_items) {
-            m_items.push_back(std::make_unique<T>(*p));
-            m_index.emplace(m_items.back()->KeyNo(), m_items.back().get());
+        for (const auto& entry : other.m_map)
+            m_map.emplace_hint(m_map.end(), entry.first, std::make_unique<T>(*entry.second));
+        m_orderValid = false;
+        if (other.m_custom) {
+            m_order.clear();
+            for (const T* p : other.m_order) m_order.push_back(Get(p->KeyNo()));
+            m_custom = true;
         }
-        m_order = other.m_order;
     }
 
-    mutable std::vector<std::unique_ptr<T>> m_items;
-    std::unordered_map<int, T*> m_index;
-    mutable Order m_order = Order::Sorted;
+    std::map<int, std::unique_ptr<T>> m_map;
+    mutable std::vector<T*> m_order;
+    mutable bool m_orderValid = true;
+    bool m_custom = false;
 };
 
 // An owning list without numbers: order of adding, duplicates allowed, deep copy.

@@ -57,6 +57,23 @@ TEST(CommandLanguageExample, FaultsAreReportedInEnglish) {
     EXPECT_EQ(Count(r.out, "ENDDO\r\n*** Error ***\r\nENDDO without matching DO!\r\n"), 1);
 }
 
+TEST(CommandLanguageExample, FaultsAreReportedInNorwegian) {
+    const RunResult r =
+        RunKelo(SourcePath("examples/command_faults.inp"), "faults_no.inp", "--language no");
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(Count(r.err, "\r\n*** Warning ***\r\n'BRIGDE' Ukjent kommando i kommandolinjen!\r\n"
+                           "'BRIGDE 1 2 3'\r\n\r\n"),
+              1)
+        << r.err;
+    EXPECT_EQ(Count(r.err, "\r\n*** Error ***\r\n'WIDTH++2' er ikke et gyldig verdi, alias eller "
+                           "uttrykk!\r\n'DEPTH=WIDTH++2'\r\n\r\n"),
+              1)
+        << r.err;
+    EXPECT_EQ(Count(r.err, "\r\n*** Error ***\r\nENDDO uten tilhørende DO!\r\n'ENDDO'\r\n\r\n"), 1)
+        << r.err;
+    EXPECT_EQ(Count(r.out, "is not"), 0); // no English words in a Norwegian run
+}
+
 TEST(KeloProgram, UsageAndUnreadableFiles) {
     const std::string kelo = KELO_BINARY;
     EXPECT_EQ(WEXITSTATUS(std::system((kelo + " >/dev/null 2>&1").c_str())), 2);
