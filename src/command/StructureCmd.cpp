@@ -674,9 +674,8 @@ int CStructureCmd::Def(std::string& line, int showDialog) {
 }
 
 void CStructureCmd::AddChange(int code, const double* numbers, int action) {
-    // Without a project store there is nothing to note a single change in; the project is
-    // still marked as changed so that it is saved.
-    if (!m_structure || m_noAddChanges) return;
+    // A change is noted only for a project kept in a project store.
+    if (!m_structure || !m_structure->GetDatabasePtr() || m_noAddChanges) return;
     auto id = std::make_unique<CId>(code, action);
     id->SetNo(1, m_structure->GetNo());
     if (numbers) {
@@ -685,6 +684,18 @@ void CStructureCmd::AddChange(int code, const double* numbers, int action) {
     }
     id->SetActiveApp(m_structure->ActiveApp());
     m_structure->AddChange(m_structure->ActiveApp(), std::move(id));
+    m_structure->SetBaseBusy(0, m_structure->ActiveApp(), 1, 1);
+}
+
+int CStructureCmd::IsHelpCommand(const std::string& line) {
+    const std::size_t q = line.find('?');
+    return q != std::string::npos && line.find_first_of("!%\r\n") > q ? 1 : 0;
+}
+
+int CStructureCmd::Help(int) {
+    m_structure->GetMessageSink().Show(
+        MsgKind::Note, "POLY, RFL, PRO, ID, CLOSED, TYPE\r\n      (0)  (0)  (1) (1)     (1)");
+    return 0;
 }
 
 // ------------------------------------------------------------------------- reader commands

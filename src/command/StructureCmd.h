@@ -47,6 +47,10 @@ public:
     // The keyword table: upper-case keyword to command number.
     const std::unordered_map<std::string, int>& GetCommandMap() const { return m_commands; }
 
+    // A line with "?" before any comment or line end asks for help; the applications answer it.
+    static int IsHelpCommand(const std::string& line);
+    int Help(int topic);
+
     // ---- handlers of the command families
     void RegisterHandler(int type, Handler handler, Check check = nullptr);
     bool HasHandler(int type) const { return m_handlers.count(type) != 0; }

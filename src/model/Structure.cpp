@@ -99,6 +99,49 @@ void CStructure::NoteObjectChange() {
     m_modified = true;
 }
 
+// ---------------------------------------------------------------- on reference lines
+
+CKeySection* CStructure::GetKeySectionPtr(int refLineNo, double station) const {
+    const CRefLine* line = RefLineList.Get(refLineNo);
+    return line ? line->GetKeySectionPtr(station) : nullptr;
+}
+
+CKeySection* CStructure::GetKeySectionFor(int refLineNo, double station) const {
+    const CRefLine* line = RefLineList.Get(refLineNo);
+    return line ? line->GetKeySectionFor(station) : nullptr;
+}
+
+CKeySection* CStructure::AddKeySection(int refLineNo, std::unique_ptr<CKeySection> section,
+                                       int addChange) {
+    CRefLine* line = RefLineList.Get(refLineNo);
+    if (!line) return nullptr;
+    CKeySection* added = line->AddKeySection(std::move(section));
+    if (addChange) NoteObjectChange();
+    return added;
+}
+
+CKeySection* CStructure::AddProfileStd(int refLineNo, std::unique_ptr<CKeySection> profile) {
+    CRefLine* line = RefLineList.Get(refLineNo);
+    return line ? line->GetProfileStdList().Add(std::move(profile)) : nullptr;
+}
+
+CKeySection* CStructure::AddProfileGen(int refLineNo, std::unique_ptr<CKeySection> profile) {
+    CRefLine* line = RefLineList.Get(refLineNo);
+    return line ? line->GetProfileGenList().Add(std::move(profile)) : nullptr;
+}
+
+CRoadProfile* CStructure::AddRoadProfile(int refLineNo, std::unique_ptr<CRoadProfile> profile) {
+    CRefLine* line = RefLineList.Get(refLineNo);
+    return line ? line->AddRoadProfile(std::move(profile)) : nullptr;
+}
+
+CDesignSection* CStructure::GetDesignSectionPtr(int elementNo, int pos) const {
+    const CElement* e = ElementList.Get(elementNo);
+    if (!e || pos < 0 || static_cast<std::size_t>(pos) >= e->GetDesignSectionList().GetCount())
+        return nullptr;
+    return e->GetDesignSectionList().At(static_cast<std::size_t>(pos));
+}
+
 // ---------------------------------------------------------------- operations
 
 int CStructure::DeleteNode(int no) {

@@ -39,6 +39,7 @@ namespace kelo {
 
 class CStructureCmd;
 class CMemResBase;
+class CKeloBase;
 
 // The family of operations on one numbered list of the project: the list itself, lookup by
 // number, sorted add with replacement, empty, first free number and deep copy.
@@ -130,6 +131,9 @@ public:
     // ---- owned parts
     CStructureCmd* GetStructureCmd() const { return m_cmd.get(); }
     CMemResBase* GetResBasePtr() const { return m_resBase.get(); }
+    // The project store, when the project lives in one; none is attached in batch runs.
+    CKeloBase* GetDatabasePtr() const { return m_database; }
+    void SetDatabasePtr(CKeloBase* base) { m_database = base; }
 
     // ---- the document: the file the project was read from; its path names the error file,
     // the flag file and the listings.
@@ -181,6 +185,16 @@ public:
     COwnedList<CForce>* GetForceList() { return &ForceList; }
     CForce* AddForce(std::unique_ptr<CForce> force) { return ForceList.Add(std::move(force)); }
     void EmptyForceList() { ForceList.RemoveAll(); }
+
+    // ---- what hangs on a reference line: the line is found first
+    CKeySection* GetKeySectionPtr(int refLineNo, double station) const;
+    CKeySection* GetKeySectionFor(int refLineNo, double station) const;
+    CKeySection* AddKeySection(int refLineNo, std::unique_ptr<CKeySection> section,
+                               int addChange = 0);
+    CKeySection* AddProfileStd(int refLineNo, std::unique_ptr<CKeySection> profile);
+    CKeySection* AddProfileGen(int refLineNo, std::unique_ptr<CKeySection> profile);
+    CRoadProfile* AddRoadProfile(int refLineNo, std::unique_ptr<CRoadProfile> profile);
+    CDesignSection* GetDesignSectionPtr(int elementNo, int pos) const;
 
     // ---- operations with more to them than the family
     // Refused (0) while an element uses the node.
@@ -312,6 +326,7 @@ private:
     ProgressSink* m_progress = &m_silentProgress;
     std::unique_ptr<CStructureCmd> m_cmd;
     std::unique_ptr<CMemResBase> m_resBase;
+    CKeloBase* m_database = nullptr;
 };
 
 #undef KELO_LIST_FAMILY

@@ -152,6 +152,8 @@ TEST(Command, KeywordsAreCaseBlindAndUnknownWordsWarn) {
     EXPECT_EQ(p.cmd().GetCommandType("  NodeIns,1"), 2);
     EXPECT_EQ(p.cmd().GetCommandType("NODEDEL 1"), -2);
     EXPECT_EQ(p.cmd().GetCommandType("BRIDGE 1"), -1);
+    EXPECT_EQ(CStructureCmd::IsHelpCommand("POLY ?\r\n"), 1);
+    EXPECT_EQ(CStructureCmd::IsHelpCommand("POLY 1 ! what?\r\n"), 0);
     EXPECT_EQ(p.cmd().GetCommandMap().size(), 151u); // retired keywords included
     EXPECT_EQ(p.Run("BRIDGE 1\n"), -1);
     EXPECT_NE(p.log.find("'BRIDGE' is not a valid command!"), std::string::npos);
