@@ -687,6 +687,11 @@ void CStructureCmd::AddChange(int code, const double* numbers, int action) {
     m_structure->SetBaseBusy(0, m_structure->ActiveApp(), 1, 1);
 }
 
+void CStructureCmd::MakeUserAliasListing(std::string& text) const {
+    for (const auto& [name, value] : m_aliases.GetUserAliases())
+        text += Format("%s=%.15g\r\n", name.c_str(), value);
+}
+
 int CStructureCmd::IsHelpCommand(const std::string& line) {
     const std::size_t q = line.find('?');
     return q != std::string::npos && line.find_first_of("!%\r\n") > q ? 1 : 0;

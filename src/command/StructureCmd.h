@@ -83,6 +83,9 @@ public:
     int IsDefCommand(const std::string& line) const;
     int DefValue(const std::string& line, double& value, std::string& name, int showDialog);
     int Def(std::string& line, int showDialog);
+    // The user aliases as definition lines "NAME=value", in name order, as a listing or a
+    // regenerated file shows them.
+    void MakeUserAliasListing(std::string& text) const;
 
     // ---- change notes
     void AddChange(int code, const double* numbers, int action);

@@ -171,6 +171,9 @@ TEST(Definitions, AliasesAreCaseBlindAndReservedNamesRefused) {
     EXPECT_EQ(p.Alias("ON"), 1.0);
     EXPECT_EQ(p.Run("A B=3\n"), -1); // a blank inside the name
     EXPECT_EQ(p.Run("Y=1++2\n"), -2);
+    std::string listing;
+    p.cmd().MakeUserAliasListing(listing);
+    EXPECT_EQ(listing, "SPAN=11\r\nX=5\r\n");
     EXPECT_EQ(p.cmd().GetErrCount(), 1);
     EXPECT_EQ(p.cmd().GetWarnCount(), 2);
 }
