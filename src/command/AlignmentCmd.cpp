@@ -110,7 +110,7 @@ CRefLine* CAlignmentCmd::LineForGeometry(double value, int showDialog) {
     return Structure().AddRefLine(std::make_unique<CRefLine>(no, std::string(), 1));
 }
 
-int CAlignmentCmd::ValuesAndCheck(int type, std::string& rest, double* values, int count,
+int CAlignmentCmd::ValuesAndCheck(int type, const std::string& rest, double* values, int count,
                                   std::string& text, int showDialog) {
     if (m_cmd.CommandValues(rest, values, count, text, showDialog) < 0) return -2;
     const int check = m_cmd.DataCheck(type, values, showDialog);

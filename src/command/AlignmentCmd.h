@@ -72,8 +72,8 @@ private:
     CRefLine* LineForGeometry(double value, int showDialog);
     // Parses the fields of a command into values (defaults already there) and the text, and runs
     // the command's check. Answers the command's result when it is to be dropped, else 0 or -1.
-    int ValuesAndCheck(int type, std::string& rest, double* values, int count, std::string& text,
-                       int showDialog);
+    int ValuesAndCheck(int type, const std::string& rest, double* values, int count,
+                       std::string& text, int showDialog);
     void NoteGeometryChange(int lineNo);
 
     CStructureCmd& m_cmd;

@@ -109,7 +109,7 @@ TEST(Rflaxis, PutsNamedStationsOnALine) {
 TEST(Rflhor, StoresTheTwelveValuesInOrderAndMakesAMissingLine) {
     Alignment a;
     EXPECT_EQ(a.Line("RFLHORI 2 3 2 10 1 2 60 3 4 -40 -50 70"), 0);
-    CRefLine& line = a.Rfl(2);
+    const CRefLine& line = a.Rfl(2);
     EXPECT_EQ(line.GetType(), 1);
     const CHorSegment* seg = line.GetHorSegmentPtr(3);
     ASSERT_NE(seg, nullptr);
