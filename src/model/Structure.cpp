@@ -258,7 +258,28 @@ int CStructure::MaxObjectsInMemory(int kind, int useVirtual) const {
 
 // ---------------------------------------------------------------- dependent data
 
-void CStructure::ReCalcAllRoadProfiles() {}
+void CStructure::ReCalcAllRoadProfiles() {
+    // The reference lines come first: sections, road points, nodes and columns are all measured
+    // along them. Plan segments are chained, every segment is calculated so that no query meets
+    // one that isn't, and the corner roundings of the elevation are worked out.
+    for (CRefLine* line : RefLineList) {
+        if (line->GetColumn()) continue;
+        line->RecalcChainedHorSegments();
+        for (CHorSegment* seg : line->GetHorSegmentList())
+            if (seg->GetSegmCalc() != 1 && seg->GetType() <= 10) seg->CalculateAndValidate();
+        for (CVerSegment* seg : line->GetVerSegmentList()) seg->CalculateAndValidate();
+        line->VerifyVerticalCurve(0);
+        line->FillCoordListStations();
+    }
+    // A column is built from the line it stands on, now complete; one whose line or axis has
+    // gone keeps its last geometry.
+    for (CRefLine* line : RefLineList)
+        if (line->GetColumn()) line->CreateColumnGeometry(RefLineList);
+    for (const CRefLine* line : RefLineList) {
+        const auto& profiles = line->GetRoadProfileList();
+        for (std::size_t i = 0; i < profiles.GetCount(); ++i) profiles.At(i)->GenerateRoadPoints();
+    }
+}
 
 void CStructure::ReCalcAllKeySections(int) {}
 
