@@ -261,8 +261,9 @@ int CFrameCmd::NodeDataCheck(double* values, int showDialog) {
 }
 
 int CFrameCmd::Node(std::string& rest, int showDialog) {
-    // A range needs its step: with an empty step field a range of several nodes is refused.
-    double v[10] = {1.0, 1.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
+    // Last and step 0: a number alone makes one node, and a range of several nodes needs its
+    // step, so that an empty step field is refused rather than taken for 1.
+    double v[10] = {1.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
     std::string text;
     const int check = ReadValues(kNode, rest, v, 9, text, showDialog);
     if (check < -1) return check;
