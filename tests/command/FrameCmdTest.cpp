@@ -571,3 +571,65 @@ TEST(FrameMessages, WarningsWaitForCheckLevelTwo) {
     EXPECT_EQ(f.Messages(), 0) << f.log;
     EXPECT_EQ(f.node(1).GetX(), 5.0);
 }
+
+// The portal frame of the examples, read as a file; the values below are those of the drawing
+// the file was typed from: feet at x = 0 and 12, column tops at z = 6, beam nodes 6 m apart.
+TEST(FrameExamples, PortalFrameStandsAsDrawn) {
+    Frame f;
+    ASSERT_EQ(
+        f.s.ReadCommandFile(std::string(KELO_SOURCE_DIR) + "/examples/portal_frame.inp", &f.log, 0),
+        0);
+    EXPECT_EQ(f.log, "");
+    EXPECT_EQ(f.s.GetName(), "Portal frame");
+    ASSERT_EQ(f.s.GetNodeList()->GetCount(), 5u);
+    ExpectAt(f.node(1), 0, 0, 0);
+    ExpectAt(f.node(2), 0, 0, 6);
+    ExpectAt(f.node(3), 6, 0, 6);
+    ExpectAt(f.node(4), 12, 0, 6);
+    ExpectAt(f.node(5), 12, 0, 0);
+    const int connectivity[4][2] = {{1, 2}, {2, 3}, {3, 4}, {4, 5}};
+    ASSERT_EQ(f.s.GetElementList()->GetCount(), 4u);
+    for (int i = 0; i < 4; ++i) {
+        const CElement* e = f.elem(i + 1);
+        ASSERT_NE(e, nullptr);
+        EXPECT_EQ(e->GetNodeNo1(), connectivity[i][0]);
+        EXPECT_EQ(e->GetNodeNo2(), connectivity[i][1]);
+        EXPECT_NEAR(e->GetLength(), 6.0, 1e-12);
+        EXPECT_EQ(e->GetDesignSectionList().GetCount(), 3u);
+    }
+    // Columns of section 1 with N along X, the beam of section 2 with N along Z.
+    EXPECT_EQ(f.elem(1)->GetSectionNo(), 1);
+    EXPECT_EQ(f.elem(4)->GetNDirCode(), 1);
+    EXPECT_EQ(f.elem(2)->GetSectionNo(), 2);
+    EXPECT_EQ(f.elem(3)->GetNDirCode(), 3);
+    EXPECT_EQ(f.elem(3)->GetSectionPtr(), f.s.GetRefLinePtr(0)->GetKeySectionPtr(2));
+    // Fixed feet, free tops, and the hinge at the right end of the beam.
+    EXPECT_EQ(Fixity(f.node(1)), std::vector<int>(6, 1));
+    EXPECT_EQ(Fixity(f.node(5)), std::vector<int>(6, 1));
+    EXPECT_EQ(Fixity(f.node(3)), std::vector<int>(6, 0));
+    EXPECT_EQ(f.elem(3)->GetJoint2(), 100.0);
+    EXPECT_EQ(f.elem(3)->GetJoint1(), 0.0);
+    EXPECT_EQ(f.elem(2)->GetJoint2(), 0.0);
+    EXPECT_EQ(f.s.GetMemberPtr(2)->GetElementNoArray(), (std::vector<int>{2, 3}));
+    EXPECT_EQ(f.elem(4)->GetMemberPtr(), f.s.GetMemberPtr(3));
+    // The default model takes the whole frame at the end of the file.
+    EXPECT_EQ(f.s.GetModelPtr(1)->GetElementNoArray(), (std::vector<int>{1, 2, 3, 4}));
+}
+
+// The faulty lines of the faults example leave the frame of its good lines as it was meant.
+TEST(FrameExamples, FaultyLinesLeaveTheGoodFrameStanding) {
+    Frame f;
+    f.s.ReadCommandFile(std::string(KELO_SOURCE_DIR) + "/examples/frame_faults.inp", &f.log, 0);
+    EXPECT_EQ(f.cmd().GetTotalErrors(), 9);
+    ASSERT_EQ(f.s.GetNodeList()->GetCount(), 3u);
+    ExpectAt(f.node(3), 10, 0, 0);
+    ASSERT_EQ(f.s.GetElementList()->GetCount(), 3u);
+    EXPECT_EQ(f.elem(3)->GetNodeNo1(), 1);
+    EXPECT_EQ(f.elem(3)->GetNodeNo2(), 3);
+    EXPECT_EQ(f.elem(1)->GetJoint2(), 0.0);
+    EXPECT_EQ(f.s.GetFrameSectInputPtr(1)->GetType(), 1);
+    EXPECT_EQ(f.elem(2)->GetSectionNo(), 1);
+    EXPECT_TRUE(f.elem(1)->GetMassList().IsEmpty());
+    EXPECT_EQ(Fixity(f.node(1)), std::vector<int>(6, 1));
+    EXPECT_EQ(f.s.GetModelPtr(2), nullptr);
+}
