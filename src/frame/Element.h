@@ -5,6 +5,7 @@
 #include "platform/Object.h"
 
 #include <array>
+#include <vector>
 
 namespace kelo {
 
@@ -72,6 +73,13 @@ public:
     COwnedList<CMass>& GetMassList() { return MassList; }
     const COwnedList<CMass>& GetMassList() const { return MassList; }
 
+    // Adds a design section at each position x/l (0 to 1) that the list does not hold yet, and
+    // keeps the list in order along the element. A section at an end belongs to that end's node;
+    // its coordinates are interpolated between the nodes when both are known.
+    void UpdateSectionList(const std::vector<double>& positions);
+    // Adds the nine values of one more wind area to the element's sums.
+    void AddWindArea(const double* values);
+
     // Local axes in rows L, M, N against global X, Y, Z.
     double GetTransMatrix(int row, int col) const { return TransMatrix[row][col]; }
     void SetTransMatrix(int row, int col, double v) { TransMatrix[row][col] = v; }
@@ -103,6 +111,8 @@ public:
     KELO_FIELD(double, BucklingLengthNdir, 0.0)
     KELO_FIELD(double, LatBucklingLengthLdir, 0.0)
     KELO_FIELD(double, LatBucklingLengthNdir, 0.0)
+    // Torsion stiffness added to what the section gives the element.
+    KELO_FIELD(double, TorsionAD, 0.0)
     KELO_FIELD(CMember*, MemberPtr, nullptr)
 
 private:

@@ -3,6 +3,7 @@
 #include "platform/Field.h"
 #include "platform/Object.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,18 @@ public:
     CMember() = default;
     CMember(int no, int type, std::string name) : No(no), Type(type), Name(std::move(name)) {}
     int KeyNo() const { return No; }
+    // Takes an element into the member once. Answers 1 when it was not there before.
+    int AddElement(int elementNo) {
+        if (std::find(ElementNoArray.begin(), ElementNoArray.end(), elementNo) !=
+            ElementNoArray.end())
+            return 0;
+        ElementNoArray.push_back(elementNo);
+        return 1;
+    }
+    void RemoveElement(int elementNo) {
+        ElementNoArray.erase(std::remove(ElementNoArray.begin(), ElementNoArray.end(), elementNo),
+                             ElementNoArray.end());
+    }
     KELO_FIELD(int, No, 0)
     KELO_FIELD(int, Type, 0)
     KELO_FIELD(std::string, Name, "")
@@ -62,6 +75,7 @@ public:
     int KeyNo() const { return No; }
     std::vector<CInterval>& GetIntervalList() { return IntervalList; }
     const std::vector<CInterval>& GetIntervalList() const { return IntervalList; }
+    void AddSelection(int from, int to, int step) { IntervalList.emplace_back(from, to, step); }
     KELO_FIELD(int, No, 0)
     KELO_FIELD(std::string, Name, "")
 

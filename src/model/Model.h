@@ -4,6 +4,7 @@
 #include "platform/ObList.h"
 #include "platform/Object.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -42,6 +43,15 @@ public:
     CObList<CModeRecord>& GetEigenModeList() { return EigenModeList; }
     CObList<CModeRecord>& GetBucklingModeList() { return BucklingModeList; }
 
+    // The element and dependency arrays are sets kept in ascending order.
+    void AddElementNo(int no) { AddToSet(ElementNoArray, no); }
+    void DeleteElementNo(int no) { RemoveFromSet(ElementNoArray, no); }
+    void AddElementByList(const std::vector<int>& numbers) {
+        for (const int no : numbers) AddToSet(ElementNoArray, no);
+    }
+    void AddModel(int no) { AddToSet(DepModelNoArray, no); }
+    void DeleteModel(int no) { RemoveFromSet(DepModelNoArray, no); }
+
     KELO_FIELD(int, ModelNo, 0)
     KELO_FIELD(std::string, ModelName, "")
     KELO_FIELD(int, Code, 0)
@@ -51,6 +61,15 @@ public:
     KELO_FIELD(std::vector<int>, DepModelNoArray, {})
 
 private:
+    static void AddToSet(std::vector<int>& set, int no) {
+        const auto at = std::lower_bound(set.begin(), set.end(), no);
+        if (at == set.end() || *at != no) set.insert(at, no);
+    }
+    static void RemoveFromSet(std::vector<int>& set, int no) {
+        const auto at = std::lower_bound(set.begin(), set.end(), no);
+        if (at != set.end() && *at == no) set.erase(at);
+    }
+
     COwnedList<CModelModify> ModelModifyList;
     CObList<CModeRecord> EigenModeList;
     CObList<CModeRecord> BucklingModeList;

@@ -9,6 +9,7 @@
 
 #include <climits>
 #include <cstdio>
+#include <unordered_map>
 
 namespace kelo {
 
@@ -65,6 +66,7 @@ CStructure::CStructure(const CStructure& other)
     other.CopyMemberList(*this);
     other.CopyAnalysisSetupList(*this);
     other.CopySelectionList(*this);
+    other.CopyFrameSectInputList(*this);
     UpdatePointers();
 }
 
@@ -205,6 +207,7 @@ void CStructure::DeleteAllObjects(int addChange) {
     MemberList.RemoveAll();
     AnalysisSetupList.RemoveAll();
     SelectionList.RemoveAll();
+    FrameSectInputList.RemoveAll();
     ProfileStdString.clear();
     ProfileGenString.clear();
     if (addChange) NoteObjectChange();
@@ -310,6 +313,25 @@ void CStructure::UpdatePointers() {
     for (CLoadcase* lc : LoadcaseList)
         for (CLoad* load : lc->GetLoadList())
             load->SetElemPtr(ElementList.Get(load->GetElementNo()));
+    // Element sections stand on reference line 0 at the station of their number; each number is
+    // looked for once.
+    const CRefLine* line0 = RefLineList.Get(0);
+    std::unordered_map<int, CKeySection*> sections;
+    for (CElement* e : ElementList) {
+        if (e->GetSectionNo() <= 0) continue;
+        auto found = sections.find(e->GetSectionNo());
+        if (found == sections.end()) {
+            CKeySection* section = line0 ? line0->GetKeySectionPtr(e->GetSectionNo()) : nullptr;
+            found = sections.emplace(e->GetSectionNo(), section).first;
+        }
+        e->SetSectionPtr(found->second);
+    }
+    // An element belongs to the member that lists it; a copied project must not keep pointers
+    // into the members of the one it was copied from.
+    for (CElement* e : ElementList) e->SetMemberPtr(nullptr);
+    for (CMember* m : MemberList)
+        for (const int no : m->GetElementNoArray())
+            if (CElement* e = ElementList.Get(no)) e->SetMemberPtr(m);
 }
 
 // ---------------------------------------------------------------- command store

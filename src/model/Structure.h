@@ -20,6 +20,7 @@
 #include "model/Analysis.h"
 #include "model/CommandString.h"
 #include "model/Force.h"
+#include "model/FrameSectInput.h"
 #include "model/Id.h"
 #include "model/Loadcase.h"
 #include "model/Loadcomb.h"
@@ -178,6 +179,8 @@ public:
     KELO_LIST_FAMILY(CMember, Member)
     KELO_LIST_FAMILY(CAnalysisSetup, AnalysisSetup)
     KELO_LIST_FAMILY(CSelection, Selection)
+    // The values of the frame sections as typed; their key sections stand on reference line 0.
+    KELO_LIST_FAMILY(CFrameSectInput, FrameSectInput)
 
 public:
     // Changes and section forces are not kept by number.
