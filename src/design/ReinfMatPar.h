@@ -1,59 +1,27 @@
 #pragma once
 
-#include "platform/Object.h"
+#include "design/BarMatPar.h"
 
 #include <string>
 
 namespace kelo {
 
-class CStructure;
-
-// Reinforcing steel. Strengths and modulus in kN/m²; the strain limit `Epssu` as a plain ratio.
-// `Curve` chooses the top branch of the bilinear law under NS-EN 1992: 1 inclined up to `Ft` at
-// the strain limit, 2 horizontal.
-class CReinfMatPar : public CObject {
+// Reinforcing steel; see CBarMatPar for the parameters. The modulus is 2e8 kN/m² and the strain
+// limit 0.01; the strength is 500 MPa unless given.
+class CReinfMatPar : public CBarMatPar {
 public:
-    CReinfMatPar() = default;
+    CReinfMatPar() : CReinfMatPar(0, "", 500.0) {}
     // fsk in MPa; the ultimate strength equals the yield strength.
-    CReinfMatPar(int no, const std::string& name, double fsk);
+    CReinfMatPar(int no, const std::string& name, double fsk)
+        : CReinfMatPar(no, name, fsk, kDefaultClass, kDefaultCurve, fsk) {}
     // fsk and ft in MPa.
-    CReinfMatPar(int no, const std::string& name, double fsk, int cls, int curve, double ft);
+    CReinfMatPar(int no, const std::string& name, double fsk, int cls, int curve, double ft)
+        : CBarMatPar(no, name, {.Esk = 2e8, .Epssu = 0.01}, fsk, cls, curve, ft) {}
     CReinfMatPar(const CReinfMatPar&) = default;
     CReinfMatPar& operator=(const CReinfMatPar&) = default;
 
     // 1 if any parameter differs by 1e-5 or more; number and name are not parameters.
-    int CompareParam(const CReinfMatPar* other, int mode) const;
-
-    int KeyNo() const { return No; }
-    int GetNo() const { return No; }
-    void SetNo(int v) { No = v; }
-    const std::string& GetName() const { return Name; }
-    void SetName(const std::string& v) { Name = v; }
-    CStructure* GetStructure() const { return Structure; }
-    void SetStructure(CStructure* v) { Structure = v; }
-    double GetFsk() const { return Fsk; }
-    void SetFsk(double v) { Fsk = v; }
-    double GetEsk() const { return Esk; }
-    void SetEsk(double v) { Esk = v; }
-    double GetEpssu() const { return Epssu; }
-    void SetEpssu(double v) { Epssu = v; }
-    int GetClass() const { return Class; }
-    void SetClass(int v) { Class = v; }
-    int GetCurve() const { return Curve; }
-    void SetCurve(int v) { Curve = v; }
-    double GetFt() const { return Ft; }
-    void SetFt(double v) { Ft = v; }
-
-private:
-    int No = 0;
-    std::string Name;
-    CStructure* Structure = nullptr;
-    double Fsk = 500000.0;
-    double Esk = 2e8;
-    double Epssu = 0.01;
-    int Class = 3;
-    int Curve = 1;
-    double Ft = 500000.0;
+    int CompareParam(const CReinfMatPar* other, int /*mode*/) const { return DiffersFrom(other); }
 };
 
 } // namespace kelo

@@ -1,7 +1,5 @@
 #include "design/SectDesPar.h"
 
-#include <cmath>
-
 namespace kelo {
 
 double CSectDesPar::GetGammaN() const {
@@ -15,50 +13,15 @@ double CSectDesPar::GetGammaN() const {
     }
 }
 
-const CSectDesPar::FieldRef* CSectDesPar::FieldAt(int field) {
+const CParamTable<CSectDesPar, CSectDesPar::kFieldCount>& CSectDesPar::Params() {
     using C = CSectDesPar;
-    static const FieldRef fields[kFieldCount] = {
-        {&C::MatType, nullptr},       {nullptr, &C::LeX},
-        {nullptr, &C::LeY},           {nullptr, &C::Le3},
-        {nullptr, &C::Le4},           {nullptr, &C::CoFX},
-        {nullptr, &C::CoFY},          {nullptr, &C::EccFX},
-        {nullptr, &C::EccFY},         {nullptr, &C::CustTolX},
-        {nullptr, &C::CustTolY},      {nullptr, &C::LambdaNmin},
-        {nullptr, &C::LambdaNmax},    {nullptr, &C::Ka},
-        {nullptr, &C::CreepFactor},   {nullptr, &C::Beta},
-        {nullptr, &C::Kit},           {nullptr, &C::SrmMax},
-        {&C::SafClass, nullptr},      {nullptr, &C::Fyw},
-        {nullptr, &C::Theta},         {nullptr, &C::Rmx},
-        {nullptr, &C::Rmy},           {nullptr, &C::Imperf},
-        {&C::SecClass, nullptr},      {&C::ProdType, nullptr},
-        {&C::BucklCurveX, nullptr},   {&C::BucklCurveY, nullptr},
-        {&C::LatBucklCurve, nullptr}, {nullptr, &C::LatMomX},
-        {nullptr, &C::LatMomY},
-    };
-    return field >= 1 && field <= kFieldCount ? &fields[field - 1] : nullptr;
-}
-
-double CSectDesPar::GetParam(int field) const {
-    const FieldRef* f = FieldAt(field);
-    if (!f) return -1.0;
-    return f->IntMember ? this->*(f->IntMember) : this->*(f->DoubleMember);
-}
-
-int CSectDesPar::SetParam(int field, double v) {
-    const FieldRef* f = FieldAt(field);
-    if (!f) return 0;
-    if (f->IntMember)
-        this->*(f->IntMember) = static_cast<int>(v);
-    else
-        this->*(f->DoubleMember) = v;
-    return 1;
-}
-
-int CSectDesPar::CompareParam(const CSectDesPar* other, int /*mode*/) const {
-    if (!other) return 1;
-    for (int i = 1; i <= kFieldCount; ++i)
-        if (std::fabs(GetParam(i) - other->GetParam(i)) >= 1e-5) return 1;
-    return 0;
+    static constexpr CParamTable<C, kFieldCount> table(
+        &C::MatType, &C::LeX, &C::LeY, &C::Le3, &C::Le4, &C::CoFX, &C::CoFY, &C::EccFX, &C::EccFY,
+        &C::CustTolX, &C::CustTolY, &C::LambdaNmin, &C::LambdaNmax, &C::Ka, &C::CreepFactor,
+        &C::Beta, &C::Kit, &C::SrmMax, &C::SafClass, &C::Fyw, &C::Theta, &C::Rmx, &C::Rmy,
+        &C::Imperf, &C::SecClass, &C::ProdType, &C::BucklCurveX, &C::BucklCurveY, &C::LatBucklCurve,
+        &C::LatMomX, &C::LatMomY);
+    return table;
 }
 
 } // namespace kelo

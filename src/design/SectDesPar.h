@@ -1,5 +1,6 @@
 #pragma once
 
+#include "design/ParamTable.h"
 #include "platform/Object.h"
 
 #include <string>
@@ -24,13 +25,15 @@ public:
     // any other class.
     double GetGammaN() const;
     // 1 if any parameter differs by 1e-5 or more; number and name are not parameters.
-    int CompareParam(const CSectDesPar* other, int mode) const;
+    int CompareParam(const CSectDesPar* other, int /*mode*/) const {
+        return Params().Compare(*this, other);
+    }
 
     // The parameters by their place in the record, 1 `MatType` to 31 `LatMomY` (see kFieldCount),
     // as the section design command gives them; integer fields are truncated. Get answers -1.0
     // and Set 0 for a place outside the record.
-    double GetParam(int field) const;
-    int SetParam(int field, double v);
+    double GetParam(int field) const { return Params().Get(*this, field); }
+    int SetParam(int field, double v) { return Params().Set(*this, field, v); }
     static constexpr int kFieldCount = 31;
 
     int KeyNo() const { return No; }
@@ -109,12 +112,7 @@ public:
     void SetLatMomY(double v) { LatMomY = v; }
 
 private:
-    // The member behind a field number: one of the two pointers is set.
-    struct FieldRef {
-        int CSectDesPar::*IntMember;
-        double CSectDesPar::*DoubleMember;
-    };
-    static const FieldRef* FieldAt(int field);
+    static const CParamTable<CSectDesPar, kFieldCount>& Params();
 
     int No = 0;
     std::string Name;

@@ -84,6 +84,39 @@ TEST(DesignPar, BarSetDefaultsFollowTheMaterial) {
     EXPECT_DOUBLE_EQ(r.GetParam(0), -1.0);
 }
 
+// Each place of the record must reach its own field: the strain limits start equal in all limit
+// states, so only distinct values tell a place that reaches the wrong limit state.
+TEST(DesignPar, PlacesOfTheRecordReachTheNamedFields) {
+    CConcrDesPar c;
+    for (int f = 1; f <= CConcrDesPar::kFieldCount; ++f) ASSERT_EQ(c.SetParam(f, 10.0 * f), 1);
+    for (int ls = 1; ls <= 3; ++ls) {
+        EXPECT_DOUBLE_EQ(c.GetGamma(ls, 0), 10.0 * ls) << ls;
+        EXPECT_DOUBLE_EQ(c.GetEpslim(ls), 10.0 * (ls + 3)) << ls;
+    }
+    EXPECT_DOUBLE_EQ(c.GetAcc(), 70.0);
+    EXPECT_DOUBLE_EQ(c.GetAct(), 80.0);
+    c.SetEpslim(2, 0.5);
+    EXPECT_DOUBLE_EQ(c.GetParam(5), 0.5);
+
+    CPrestDesPar p;
+    for (int f = 1; f <= CPrestDesPar::kFieldCount; ++f) ASSERT_EQ(p.SetParam(f, f + 0.7), 1);
+    for (int ls = 1; ls <= 3; ++ls) {
+        EXPECT_DOUBLE_EQ(p.GetGamma(ls, 1), ls + 0.7) << ls;
+        EXPECT_DOUBLE_EQ(p.GetEpslim(ls), ls + 10.7) << ls;
+    }
+    EXPECT_DOUBLE_EQ(p.GetK1(), 4.7);
+    EXPECT_DOUBLE_EQ(p.GetBondCoeff(), 5.7);
+    EXPECT_DOUBLE_EQ(p.GetKt(), 6.7);
+    EXPECT_DOUBLE_EQ(p.GetWkMax(), 7.7);
+    EXPECT_DOUBLE_EQ(p.GetSrmMax(), 8.7);
+    EXPECT_DOUBLE_EQ(p.GetCover(), 9.7);
+    // The crack width scale is an integer: the value is cut.
+    EXPECT_EQ(p.GetScaleWk(), 10);
+    EXPECT_DOUBLE_EQ(p.GetParam(10), 10.0);
+    p.SetEpslim(3, 0.25);
+    EXPECT_DOUBLE_EQ(p.GetParam(13), 0.25);
+}
+
 TEST(DesignPar, CompareParamFindsAChangeOfAnyParameter) {
     const CReinfDesPar base(1, "a");
     for (int f = 1; f <= CReinfDesPar::kFieldCount; ++f) {

@@ -1,4 +1,4 @@
-#include "design/ShearReinfType.h"
+#include "design/BarType.h"
 
 #include "platform/Text.h"
 
@@ -6,7 +6,7 @@
 
 namespace kelo {
 
-double CShearReinfType::GetValue() const {
+double CBarType::GetValue() const {
     switch (Type) {
     case 1:
         return BundleCount;
@@ -19,7 +19,7 @@ double CShearReinfType::GetValue() const {
     }
 }
 
-std::string CShearReinfType::GetDescription() const {
+std::string CBarType::GetDescription() const {
     if (Diameter <= 0.0 && Area <= 0.0) return "-";
     const std::string bar = Format("%.0fd%.0f", BarsPrBundle, Diameter);
     switch (Type) {
@@ -34,7 +34,7 @@ std::string CShearReinfType::GetDescription() const {
     }
 }
 
-bool CShearReinfType::IsAllDataEqual(const CShearReinfType* other) const {
+bool CBarType::HasSameData(const CBarType* other) const {
     if (!other) return false;
     const double tol = 1e-5;
     return Type == other->Type && BundleCount == other->BundleCount &&
