@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <iterator>
 #include <memory>
 #include <type_traits>
 #include <unordered_map>
@@ -93,28 +94,11 @@ bool IsValidSectionType(int type) {
            (type >= 100 && type <= 599) || (type >= 1000 && type <= 2999);
 }
 
+// The kinds of model modification: node fixities (1, 2), element joints (10), sections (11),
+// masses (20, 21), axial forces (30 to 33) and 40 to 45.
 bool IsValidModifyType(int type) {
-    switch (type) {
-    case 1:
-    case 2:
-    case 10:
-    case 11:
-    case 20:
-    case 21:
-    case 30:
-    case 31:
-    case 32:
-    case 33:
-    case 40:
-    case 41:
-    case 42:
-    case 43:
-    case 44:
-    case 45:
-        return true;
-    default:
-        return false;
-    }
+    static constexpr int kTypes[] = {1, 2, 10, 11, 20, 21, 30, 31, 32, 33, 40, 41, 42, 43, 44, 45};
+    return std::find(std::begin(kTypes), std::end(kTypes), type) != std::end(kTypes);
 }
 
 double Distance(const CNode& a, const CNode& b) {
