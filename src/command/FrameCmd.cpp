@@ -7,9 +7,11 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <iterator>
 #include <memory>
 #include <type_traits>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace kelo {
@@ -69,6 +71,15 @@ template <class F> void ForRange(const double* range, F&& f) {
     }
 }
 
+// Whether a number belongs to the range first, last, step at `range`, as a walk of it would meet
+// it.
+bool InRange(int no, const double* range) {
+    const long long first = ToInt(range[0]), last = ToInt(range[1]), step = ToInt(range[2]);
+    if (step > 0) return no >= first && no <= last && (no - first) % step == 0;
+    if (step < 0) return no <= first && no >= last && (first - no) % (-step) == 0;
+    return false;
+}
+
 // The numbers of all elements of the project that are not temporary ones of an analysis.
 std::vector<int> PositiveElements(const CStructure& s) {
     std::vector<int> numbers;
@@ -83,28 +94,11 @@ bool IsValidSectionType(int type) {
            (type >= 100 && type <= 599) || (type >= 1000 && type <= 2999);
 }
 
+// The kinds of model modification: node fixities (1, 2), element joints (10), sections (11),
+// masses (20, 21), axial forces (30 to 33) and 40 to 45.
 bool IsValidModifyType(int type) {
-    switch (type) {
-    case 1:
-    case 2:
-    case 10:
-    case 11:
-    case 20:
-    case 21:
-    case 30:
-    case 31:
-    case 32:
-    case 33:
-    case 40:
-    case 41:
-    case 42:
-    case 43:
-    case 44:
-    case 45:
-        return true;
-    default:
-        return false;
-    }
+    static constexpr int kTypes[] = {1, 2, 10, 11, 20, 21, 30, 31, 32, 33, 40, 41, 42, 43, 44, 45};
+    return std::find(std::begin(kTypes), std::end(kTypes), type) != std::end(kTypes);
 }
 
 double Distance(const CNode& a, const CNode& b) {
@@ -170,19 +164,12 @@ int CFrameCmd::ReadValues(int type, std::string& rest, double* values, int count
 bool CFrameCmd::BeginCheck(int base, double* values, int showDialog, int& result) {
     result = 0;
     if (base >= 0) {
+        // Numbers are whole: a range is read as whole numbers before it is checked, so that a
+        // fractional step counts by its whole part and one without a whole part is refused.
+        for (int i = 0; i < 3; ++i) values[base + i] = ToInt(values[base + i]);
         result = m_cmd.StepCheck(base, values, showDialog);
         if (result < -1) return false;
-        // Numbers are whole: a fractional step counts by its whole part, and one without a whole
-        // part would never reach the end of the range.
-        const int step = ToInt(values[base + 2]);
-        if (step == 0) {
-            m_cmd.Message(3501, showDialog, 0, values[base + 2], nullptr);
-            result = -2;
-            return false;
-        }
-        values[base + 2] = step;
-        const double count =
-            (static_cast<double>(ToInt(values[base + 1])) - ToInt(values[base])) / step + 1.0;
+        const double count = (values[base + 1] - values[base]) / values[base + 2] + 1.0;
         if (count > kMaxRangeCount) {
             m_cmd.Message(3004, showDialog, 0, count, nullptr);
             result = -2;
@@ -1000,25 +987,24 @@ int CFrameCmd::Delete(std::string& rest, int showDialog) {
     CStructure& s = Structure();
     const int item = ToInt(v[0]);
     const bool all = ToInt(v[1]) == -1;
+    // One pass over the list, however many numbers go: a whole model is emptied as fast as one
+    // node is deleted.
     if (item == 1) {
-        std::vector<int> nodes;
-        if (all) {
-            for (const CNode* node : *s.GetNodeList()) nodes.push_back(node->GetNo());
-        } else {
-            ForRange(&v[1], [&](int no, int) { nodes.push_back(no); });
-        }
-        // A node that an element uses stays: the project refuses to delete it.
-        for (const int no : nodes) s.DeleteNode(no);
+        // A node that an element uses stays, as the project refuses to delete it.
+        std::unordered_set<int> used;
+        for (const CElement* e : *s.GetElementList())
+            for (const int node : {e->GetNodeNo1(), e->GetNodeNo2(), e->GetNodeNo3()})
+                if (node != 0) used.insert(node);
+        s.GetNodeList()->DeleteIf([&](const CNode& node) {
+            return (all || InRange(node.GetNo(), &v[1])) && used.count(node.GetNo()) == 0;
+        });
         m_cmd.AddChange(all ? kCidAllNodes : kCidNode, nullptr, kDeleted);
     } else if (item == 2) {
-        std::vector<int> elements;
-        if (all)
-            elements = PositiveElements(s);
-        else
-            ForRange(&v[1], [&](int no, int) { elements.push_back(no); });
-        for (const int no : elements) s.DeleteElement(no);
+        s.GetElementList()->DeleteIf(
+            [&](const CElement& e) { return all ? e.GetNo() > 0 : InRange(e.GetNo(), &v[1]); });
         m_cmd.AddChange(all ? kCidAllPosElements : kCidElement, nullptr, kDeleted);
     }
+    // Loads of deleted elements lose their pointers here.
     s.UpdatePointers();
     return check;
 }

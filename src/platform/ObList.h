@@ -82,6 +82,21 @@ public:
         return out;
     }
 
+    // Removes and deletes, in one pass, every object for which pred(object) holds; the others keep
+    // their place and their address. Answers how many went.
+    template <class P> int DeleteIf(P&& pred) {
+        Settle();
+        const auto end =
+            std::remove_if(m_items.begin(), m_items.end(), [&](const std::unique_ptr<T>& p) {
+                if (!pred(static_cast<const T&>(*p))) return false;
+                m_index.erase(p->KeyNo());
+                return true;
+            });
+        const auto removed = static_cast<int>(m_items.end() - end);
+        m_items.erase(end, m_items.end());
+        return removed;
+    }
+
     void RemoveAll() {
         m_map.clear();
         m_order.clear();

@@ -357,6 +357,16 @@ TEST(FrameDelete, NodesInUseStayAndRangesGoWhole) {
     EXPECT_TRUE(f.s.GetNodeList()->IsEmpty());
 }
 
+TEST(FrameDelete, AtCheckLevelZeroNodesInUseStaySilently) {
+    Frame f(2, 0);
+    f.Run("NODE 1 6 1 0 0 0 1 0 0\nELEM 1 0 0 2 3\nELEM 2 0 0 3 4\n");
+    EXPECT_EQ(f.Run("DELETE 1 1 6 1\nDELETE 2 2\n"), 0);
+    EXPECT_EQ(f.s.GetNodeList()->GetCount(), 3u);
+    EXPECT_NE(f.s.GetNodePtr(4), nullptr); // element 2 still held it when the nodes went
+    EXPECT_EQ(f.elem(1)->GetNodeNo2Ptr(), f.s.GetNodePtr(3));
+    EXPECT_EQ(f.Messages(), 0);
+}
+
 TEST(FrameProject, NumberCodesAndName) {
     Frame f;
     const std::string longName(70, 'x');

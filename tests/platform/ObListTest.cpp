@@ -83,3 +83,16 @@ TEST(ObList, ManyOutOfOrderAddsEndSorted) {
         prev = it->no;
     }
 }
+
+TEST(ObList, DeleteIfRemovesInOnePassAndKeepsTheOthersInPlace) {
+    CObList<Item> list;
+    for (int no : {4, 1, 3, 2, 6, 5}) list.Emplace(Item{no, ""});
+    Item* kept = list.Get(3);
+    EXPECT_EQ(list.DeleteIf([](const Item& it) { return it.no % 2 == 0; }), 3);
+    EXPECT_EQ(Numbers(list), (std::vector<int>{1, 3, 5}));
+    EXPECT_EQ(list.Get(3), kept);
+    EXPECT_EQ(list.Get(4), nullptr);
+    EXPECT_EQ(list.GetFirstFreeNo(), 2);
+    list.Emplace(Item{4, "again"});
+    EXPECT_EQ(Numbers(list), (std::vector<int>{1, 3, 4, 5}));
+}
