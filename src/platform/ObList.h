@@ -85,15 +85,18 @@ public:
     // Removes and deletes, in one pass, every object for which pred(object) holds; the others keep
     // their place and their address. Answers how many went.
     template <class P> int DeleteIf(P&& pred) {
-        Settle();
-        const auto end =
-            std::remove_if(m_items.begin(), m_items.end(), [&](const std::unique_ptr<T>& p) {
-                if (!pred(static_cast<const T&>(*p))) return false;
-                m_index.erase(p->KeyNo());
-                return true;
-            });
-        const auto removed = static_cast<int>(m_items.end() - end);
-        m_items.erase(end, m_items.end());
+        int removed = 0;
+        for (auto it = m_map.begin(); it != m_map.end();) {
+            if (pred(static_cast<const T&>(*it->second))) {
+                if (m_custom)
+                    m_order.erase(std::find(m_order.begin(), m_order.end(), it->second.get()));
+                it = m_map.erase(it);
+                ++removed;
+            } else {
+                ++it;
+            }
+        }
+        if (removed > 0 && !m_custom) m_orderValid = false;
         return removed;
     }
 
