@@ -12,6 +12,7 @@
 #include <map>
 #include <numbers>
 #include <utility>
+#include <vector>
 
 namespace kelo {
 
@@ -290,19 +291,18 @@ CSectPoint* CKeySection::GetSectPointPtr(int polyLine, double no) const {
 
 int CKeySection::CalculateSectionCoord(CSectPoint* point, CSectPoint* start,
                                        const CRoadProfile* road) {
-    return Resolve(point, start, road ? road : RoadProfile, 0);
+    return Resolve(point, start, road ? road : RoadProfile);
 }
 
 int CKeySection::ResolveRef(int polyLineRef, double noRef, CSectPoint* start,
-                            const CRoadProfile* road, int depth, CSectPoint*& out) {
+                            const CRoadProfile* road, CSectPoint*& out) {
     CSectPoint* p = GetSectPointPtr(polyLineRef, noRef);
-    if (!p || !Resolve(p, start, road, depth + 1)) return 0;
+    if (!p || !Resolve(p, start, road)) return 0;
     out = p;
     return 1;
 }
 
-int CKeySection::Resolve(CSectPoint* point, CSectPoint* start, const CRoadProfile* road,
-                         int depth) {
+int CKeySection::Resolve(CSectPoint* point, CSectPoint* start, const CRoadProfile* road) {
     if (!point) return 0;
     if (point->GetCalculatedFlag() == 1) return 1;
     if (start && start == point) return 0;
@@ -371,7 +371,7 @@ int CKeySection::Resolve(CSectPoint* point, CSectPoint* start, const CRoadProfil
     }
     case 4:
     case 5:
-        ok = ResolveSkew(point, start, road, depth);
+        ok = ResolveSkew(point, start, road);
         if (ok) {
             x = point->GetX();
             y = point->GetY();
@@ -380,8 +380,8 @@ int CKeySection::Resolve(CSectPoint* point, CSectPoint* start, const CRoadProfil
     case 6: {
         CSectPoint* p = nullptr;
         CSectPoint* q = nullptr;
-        ok = ResolveRef(pl(g[3]), g[4], start, road, depth, p) &&
-             ResolveRef(pl(g[5]), g[6], start, road, depth, q);
+        ok = ResolveRef(pl(g[3]), g[4], start, road, p) &&
+             ResolveRef(pl(g[5]), g[6], start, road, q);
         if (ok) {
             x = (p->GetX() + q->GetX()) / 2.0 + dX;
             y = (p->GetY() + q->GetY()) / 2.0 + dY;
@@ -390,7 +390,7 @@ int CKeySection::Resolve(CSectPoint* point, CSectPoint* start, const CRoadProfil
     }
     case 7: {
         CSectPoint* p = nullptr;
-        ok = ResolveRef(pl(g[3]), g[4], start, road, depth, p);
+        ok = ResolveRef(pl(g[3]), g[4], start, road, p);
         if (ok) {
             x = p->GetX() + dX;
             y = p->GetY() + dY;
@@ -399,7 +399,7 @@ int CKeySection::Resolve(CSectPoint* point, CSectPoint* start, const CRoadProfil
     }
     case 8: {
         CSectPoint* p = nullptr;
-        ok = ResolveRef(pl(g[3]), g[4], start, road, depth, p);
+        ok = ResolveRef(pl(g[3]), g[4], start, road, p);
         if (ok) {
             const CSectPoint t1(p->GetX() + dX, p->GetY());
             const CSectPoint t2(t1.GetX(), t1.GetY() + kHelpLength);
@@ -421,13 +421,12 @@ int CKeySection::Resolve(CSectPoint* point, CSectPoint* start, const CRoadProfil
     return 1;
 }
 
-int CKeySection::ResolveSkew(CSectPoint* point, CSectPoint* start, const CRoadProfile* road,
-                             int depth) {
+int CKeySection::ResolveSkew(CSectPoint* point, CSectPoint* start, const CRoadProfile* road) {
     const double dX = point->GetDeltaX(0.0), dY = point->GetDeltaY(0.0);
     auto g = [point](int i) { return point->GetGeomData(i); };
     auto pl = [](double v) { return static_cast<int>(v); };
     CSectPoint* p1 = nullptr;
-    if (!ResolveRef(pl(g(0)), g(1), start, road, depth, p1)) return 0;
+    if (!ResolveRef(pl(g(0)), g(1), start, road, p1)) return 0;
     if (std::fabs(g(2)) < kTol) {
         point->SetX(p1->GetX() + dX);
         point->SetY(p1->GetY() + dY);
@@ -435,15 +434,15 @@ int CKeySection::ResolveSkew(CSectPoint* point, CSectPoint* start, const CRoadPr
     }
     CSectPoint* p2 = nullptr;
     CSectPoint* p3 = nullptr;
-    if (!ResolveRef(pl(g(2)), g(3), start, road, depth, p2)) return 0;
-    if (!ResolveRef(pl(g(4)), g(5), start, road, depth, p3)) return 0;
+    if (!ResolveRef(pl(g(2)), g(3), start, road, p2)) return 0;
+    if (!ResolveRef(pl(g(4)), g(5), start, road, p3)) return 0;
     const double dx1 = p3->GetX() - p2->GetX(), dy1 = p3->GetY() - p2->GetY();
     double dx2 = 0.0, dy2 = 0.0;
     if (point->GetType() == 4) {
         CSectPoint* p4 = nullptr;
         CSectPoint* p5 = nullptr;
-        if (!ResolveRef(pl(g(6)), g(7), start, road, depth, p4)) return 0;
-        if (!ResolveRef(pl(g(8)), g(9), start, road, depth, p5)) return 0;
+        if (!ResolveRef(pl(g(6)), g(7), start, road, p4)) return 0;
+        if (!ResolveRef(pl(g(8)), g(9), start, road, p5)) return 0;
         dx2 = p5->GetX() - p4->GetX();
         dy2 = p5->GetY() - p4->GetY();
     } else {
@@ -471,7 +470,7 @@ int CKeySection::ResolveSkew(CSectPoint* point, CSectPoint* start, const CRoadPr
 
 int CKeySection::ResolveList(PointList& list, const CRoadProfile* road) {
     for (const auto& p : list)
-        if (!Resolve(p.get(), nullptr, road, 0)) return 0;
+        if (!Resolve(p.get(), nullptr, road)) return 0;
     CPolyLine::CalcRadPtCoord(list);
     return 1;
 }
@@ -488,7 +487,7 @@ int CKeySection::CalcSectPointCoord(const SectionEnv* env) {
     for (const auto& p : SectPointList) p->SetCalculatedFlag(0);
     for (CPolyLine* line : PolyLineList) {
         for (std::size_t i = 0; i < line->GetSectPointCount(); ++i)
-            if (!Resolve(line->GetSectPointAt(i), nullptr, road, 0)) return 0;
+            if (!Resolve(line->GetSectPointAt(i), nullptr, road)) return 0;
         line->CalcRadPtCoord();
     }
     for (const auto& p : SectPointList) p->SetCalculatedFlag(0);
@@ -693,12 +692,10 @@ int CKeySection::UpdateKeySection(int mode, const SectionEnv* env) {
     return env ? PlaceOnLine(*env) : 1;
 }
 
-int CKeySection::Update(int geometry, int areas, int, int reinforcement, const SectionEnv* env) {
+// Reinforcement, tendon groups and the design areas (sub, shear and torsion areas) are not held by
+// a section here, so their flags have nothing to update.
+int CKeySection::Update(int geometry, int, int, int, const SectionEnv* env) {
     if (!env || !env->RefLine) return 0;
-    // Reinforcement, tendon groups and the design areas are held by the design model, which
-    // brings them up to date itself.
-    static_cast<void>(areas);
-    static_cast<void>(reinforcement);
     if (!geometry) return 1;
     if (!CalcSectPoints() || !CalcSectPointCoord(env)) return 0;
     MakeConvSectPointList();

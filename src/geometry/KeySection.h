@@ -42,9 +42,10 @@ struct SectionEnv {
 // Section axes: X across, positive to the right in the view along the line, Y up. The outline is
 // the outer point list, an ordered list that closes by repeating its first point; a hollow
 // section goes round its outer edge counter-clockwise, over a seam to a void, round the void
-// clockwise and back over the seam. Polylines hold further lines (centre lines of plates,
+// clockwise and back over the seam, each void from an outer point of its own so that the drying
+// perimeter can tell the rings apart. Polylines hold further lines (centre lines of plates,
 // drawings). Points of user-drawn and design sections are in metres; the pictures of frame
-// members (types 1 to 5) are made in millimetres.
+// members and springs (types 1 to 5, 20 to 22) are made in millimetres.
 //
 // Types: 1 stiffness only, 2 to 5 frame members (circle, rectangle, box, T) given by dimensions
 // in metres, 11 and 12 design rectangle and circle given in millimetres, 13 general solid, 14
@@ -285,10 +286,10 @@ public:
     KELO_FIELD(int, LastKeySection, 0)
 
 private:
-    int Resolve(CSectPoint* point, CSectPoint* start, const CRoadProfile* road, int depth);
+    int Resolve(CSectPoint* point, CSectPoint* start, const CRoadProfile* road);
     int ResolveRef(int polyLineRef, double noRef, CSectPoint* start, const CRoadProfile* road,
-                   int depth, CSectPoint*& out);
-    int ResolveSkew(CSectPoint* point, CSectPoint* start, const CRoadProfile* road, int depth);
+                   CSectPoint*& out);
+    int ResolveSkew(CSectPoint* point, CSectPoint* start, const CRoadProfile* road);
     int ResolveList(PointList& list, const CRoadProfile* road);
     static bool HasStdProfile(int type);
     void MakeSolidAreaElem(int withMaterial);
