@@ -12,7 +12,7 @@ constexpr double kSameNumber = 1e-5;
 // A bow is drawn with this many chords.
 constexpr int kBowChords = 18;
 
-using PointList = std::vector<std::unique_ptr<CSectPoint>>;
+using PointList = CPolyLine::PointList;
 
 void CopyList(const PointList& from, PointList& to) {
     to.clear();
@@ -76,26 +76,75 @@ void CPolyLine::RemoveAll() {
     ConvSectPointList.clear();
 }
 
-void CPolyLine::AddBow(const CSectPoint& p, const CSectPoint& radius, const CSectPoint& q) {
+void CPolyLine::RemoveSectPointAt(std::size_t pos) {
+    if (pos < SectPointList.size())
+        SectPointList.erase(SectPointList.begin() + static_cast<std::ptrdiff_t>(pos));
+}
+
+int CPolyLine::BowCentre(const CSectPoint& p, double r, const CSectPoint& q, double& cx, double& cy,
+                         double& sweep) {
     const double dx = q.GetX() - p.GetX(), dy = q.GetY() - p.GetY();
     const double d = std::hypot(dx, dy);
-    const double r = radius.GetR();
-    if (d <= 0.0 || r == 0.0) return;
+    if (d <= 0.0 || r == 0.0) return 0;
     const double psi = std::atan2(dy, dx);
     // Base angle of the isosceles triangle P, Q, centre; the bow sweeps π - 2γ about the centre,
     // the sign of the radius choosing the side.
     const double gamma = std::acos(std::clamp(d / (2.0 * r), -1.0, 1.0));
-    const double sweep = (std::numbers::pi - (gamma + std::numbers::pi / 2.0)) * 2.0;
-    const double cx = p.GetX() + r * std::cos(psi + gamma);
-    const double cy = p.GetY() + r * std::sin(psi + gamma);
+    sweep = (std::numbers::pi - (gamma + std::numbers::pi / 2.0)) * 2.0;
+    cx = p.GetX() + r * std::cos(psi + gamma);
+    cy = p.GetY() + r * std::sin(psi + gamma);
+    return 1;
+}
+
+void CPolyLine::AppendBowPoints(const CSectPoint& p, const CSectPoint& radius, const CSectPoint& q,
+                                PointList& out, int temporaryFlag) {
+    const double r = radius.GetR();
+    double cx = 0.0, cy = 0.0, sweep = 0.0;
+    if (!BowCentre(p, r, q, cx, cy, sweep)) return;
     const double step = sweep / kBowChords;
     const double sigma = std::atan2(p.GetY() - cy, p.GetX() - cx);
     for (int i = 1; i < kBowChords; ++i) {
         auto pt = std::make_unique<CSectPoint>(radius.GetNo(), 0,
                                                cx + std::fabs(r) * std::cos(sigma + i * step),
                                                cy + std::fabs(r) * std::sin(sigma + i * step));
-        pt->SetTemporaryFlag(1);
-        ConvSectPointList.push_back(std::move(pt));
+        pt->SetPLine(radius.GetPLine());
+        pt->SetTemporaryFlag(temporaryFlag);
+        out.push_back(std::move(pt));
+    }
+}
+
+void CPolyLine::CalcRadPtCoord(PointList& list) {
+    const std::size_t n = list.size();
+    if (n < 3) return;
+    for (std::size_t i = 0; i < n; ++i) {
+        CSectPoint& rp = *list[i];
+        if (!rp.IsRadius() || rp.GetR() == 0.0) continue;
+        const CSectPoint& p = *list[(i + n - 1) % n];
+        const CSectPoint& q = *list[(i + 1) % n];
+        const double dx = q.GetX() - p.GetX(), dy = q.GetY() - p.GetY();
+        const double c = std::hypot(dx, dy) / 2.0;
+        const double theta = std::atan2(dy, dx);
+        // Half the sweep, turned to the side the radius bulges to; the middle of the arc lies at
+        // a quarter of the sweep off the chord, at the distance 2R·sin(sweep/4) from P.
+        const double beta = -std::asin(std::clamp(c / rp.GetR(), -1.0, 1.0));
+        const double h = c / std::cos(beta / 2.0);
+        rp.SetX(p.GetX() + h * std::cos(theta + beta / 2.0));
+        rp.SetY(p.GetY() + h * std::sin(theta + beta / 2.0));
+    }
+}
+
+void CPolyLine::CalcBulgeValues(PointList& list, bool ring) {
+    const std::size_t n = list.size();
+    for (std::size_t i = 0; i < n; ++i) {
+        CSectPoint& p = *list[i];
+        p.SetBulge(0.0);
+        if (p.IsRadius() || n < 3) continue;
+        if (!ring && i + 2 >= n) continue;
+        const CSectPoint& r = *list[(i + 1) % n];
+        const CSectPoint& q = *list[(i + 2) % n];
+        if (!r.IsRadius() || q.IsRadius()) continue;
+        double cx = 0.0, cy = 0.0, sweep = 0.0;
+        if (BowCentre(p, r.GetR(), q, cx, cy, sweep)) p.SetBulge(std::tan(sweep / 4.0));
     }
 }
 
@@ -127,7 +176,7 @@ void CPolyLine::MakeConvSectPointList() {
             while (i < seq.size() && seq[i]->IsRadius()) ++i;
             continue;
         }
-        AddBow(*seq[i - 1], *pt, *q);
+        AppendBowPoints(*seq[i - 1], *pt, *q, ConvSectPointList, 1);
         if (!last) ConvSectPointList.push_back(std::make_unique<CSectPoint>(*q));
         i += 2;
     }

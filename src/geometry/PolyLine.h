@@ -13,6 +13,8 @@ namespace kelo {
 // in which each bow (a radius point between two ordinary points) is turned into chords.
 class CPolyLine : public CObject {
 public:
+    using PointList = std::vector<std::unique_ptr<CSectPoint>>;
+
     CPolyLine() = default;
     CPolyLine(int no, int type, int closed) : No(no), Type(type), Closed(closed) {}
     CPolyLine(const CPolyLine& other);
@@ -36,13 +38,36 @@ public:
     CSectPoint* GetSectPointAt(std::size_t pos) const { return SectPointList[pos].get(); }
     std::size_t GetConvSectPointCount() const { return ConvSectPointList.size(); }
     CSectPoint* GetConvSectPointAt(std::size_t pos) const { return ConvSectPointList[pos].get(); }
+    // Removes the point at that position of the point list.
+    void RemoveSectPointAt(std::size_t pos);
     // Empties both lists.
     void RemoveAll();
+    const PointList& GetSectPointList() const { return SectPointList; }
+    const PointList& GetConvSectPointList() const { return ConvSectPointList; }
 
     // Rebuilds the converted list: ordinary points are copied; each bow becomes 18 chords, the 17
     // points between its ends carrying TemporaryFlag. A closed line is a ring, so a bow may
     // close it. A run of radius points next to each other makes no bow.
     void MakeConvSectPointList();
+    // Places each radius point at the middle of its bow, for drawing and picking; the bow itself
+    // is made from the radius. The list is a ring here whether closed or not.
+    void CalcRadPtCoord() { CalcRadPtCoord(SectPointList); }
+    // Stores in each point the bulge of the bow that starts at it, tan(sweep/4), positive for a
+    // bow drawn counter-clockwise about its centre; 0 where no bow starts.
+    void CalcBulgeValues() { CalcBulgeValues(SectPointList, Closed != 0); }
+
+    // --- Bows, shared with the outline of a section ---
+    // Centre (cx, cy) and signed sweep (rad, positive counter-clockwise about the centre) of the
+    // bow of radius r from p to q. The centre lies to the left of the chord for a positive radius,
+    // so the bow bulges to the right. A chord longer than 2|r| is taken as a half circle. Answers
+    // 0 for a chord or radius of no length.
+    static int BowCentre(const CSectPoint& p, double r, const CSectPoint& q, double& cx, double& cy,
+                         double& sweep);
+    // Appends the 17 points between p and q that make the bow 18 chords.
+    static void AppendBowPoints(const CSectPoint& p, const CSectPoint& radius, const CSectPoint& q,
+                                PointList& out, int temporaryFlag);
+    static void CalcRadPtCoord(PointList& list);
+    static void CalcBulgeValues(PointList& list, bool ring);
 
     int GetNo() const { return No; }
     void SetNo(int v) { No = v; }
@@ -54,14 +79,12 @@ public:
     void SetColor(int v) { Color = v; }
 
 private:
-    void AddBow(const CSectPoint& p, const CSectPoint& radius, const CSectPoint& q);
-
     int No = 0;
     int Type = 0;
     int Closed = 0;
     int Color = 0;
-    std::vector<std::unique_ptr<CSectPoint>> SectPointList;
-    std::vector<std::unique_ptr<CSectPoint>> ConvSectPointList;
+    PointList SectPointList;
+    PointList ConvSectPointList;
 };
 
 } // namespace kelo
