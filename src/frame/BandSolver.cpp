@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstring>
 #include <exception>
 #include <new>
 #include <utility>
@@ -35,6 +36,9 @@ constexpr int kNr = 6;
 // columns ldc apart with contiguous rows.
 using TileKernel = void (*)(int depth, const double* a, const double* b, double* c,
                             std::ptrdiff_t ldc);
+// Forward substitution of one sliver of kMr columns against a unit upper triangle:
+// g(p, :) -= sum over q < p of u(q, p) g(q, :), with u(q, p) at u[p * ldu + q].
+using SliverKernel = void (*)(int depth, const double* u, std::ptrdiff_t ldu, double* g);
 
 void SubTilePlain(int depth, const double* a, const double* b, double* c, std::ptrdiff_t ldc) {
     double acc[kNr][kMr] = {};
@@ -43,6 +47,16 @@ void SubTilePlain(int depth, const double* a, const double* b, double* c, std::p
             for (int r = 0; r < kMr; ++r) acc[j][r] += a[r] * b[j];
     for (int j = 0; j < kNr; ++j)
         for (int r = 0; r < kMr; ++r) c[j * ldc + r] -= acc[j][r];
+}
+
+void ForwardSliverPlain(int depth, const double* u, std::ptrdiff_t ldu, double* g) {
+    for (int p = 1; p < depth; ++p) {
+        double acc[kMr] = {};
+        const double* up = u + p * ldu;
+        for (int q = 0; q < p; ++q)
+            for (int r = 0; r < kMr; ++r) acc[r] += up[q] * g[q * kMr + r];
+        for (int r = 0; r < kMr; ++r) g[p * kMr + r] -= acc[r];
+    }
 }
 
 #if defined(__x86_64__)
@@ -80,38 +94,97 @@ __attribute__((target("avx2,fma"))) void SubTileAvx2(int depth, const double* a,
         _mm256_storeu_pd(cj + 4, _mm256_sub_pd(_mm256_loadu_pd(cj + 4), hi[j]));
     }
 }
+
+// Two sums over alternate rows keep two chains of multiply-adds in flight.
+__attribute__((target("avx2,fma"))) void ForwardSliverAvx2(int depth, const double* u,
+                                                           std::ptrdiff_t ldu, double* g) {
+    for (int p = 1; p < depth; ++p) {
+        const double* up = u + p * ldu;
+        __m256d a0 = _mm256_setzero_pd(), a1 = a0, b0 = a0, b1 = a0;
+        int q = 0;
+        for (; q + 2 <= p; q += 2) {
+            const __m256d s = _mm256_broadcast_sd(up + q);
+            a0 = _mm256_fmadd_pd(s, _mm256_loadu_pd(g + q * kMr), a0);
+            a1 = _mm256_fmadd_pd(s, _mm256_loadu_pd(g + q * kMr + 4), a1);
+            const __m256d t = _mm256_broadcast_sd(up + q + 1);
+            b0 = _mm256_fmadd_pd(t, _mm256_loadu_pd(g + (q + 1) * kMr), b0);
+            b1 = _mm256_fmadd_pd(t, _mm256_loadu_pd(g + (q + 1) * kMr + 4), b1);
+        }
+        if (q < p) {
+            const __m256d s = _mm256_broadcast_sd(up + q);
+            a0 = _mm256_fmadd_pd(s, _mm256_loadu_pd(g + q * kMr), a0);
+            a1 = _mm256_fmadd_pd(s, _mm256_loadu_pd(g + q * kMr + 4), a1);
+        }
+        double* gp = g + p * kMr;
+        _mm256_storeu_pd(gp, _mm256_sub_pd(_mm256_loadu_pd(gp), _mm256_add_pd(a0, b0)));
+        _mm256_storeu_pd(gp + 4, _mm256_sub_pd(_mm256_loadu_pd(gp + 4), _mm256_add_pd(a1, b1)));
+    }
+}
 #endif
 
-TileKernel ChooseKernel() {
+bool HasAvx2() {
 #if defined(__x86_64__)
     __builtin_cpu_init();
-    if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma")) return SubTileAvx2;
+    return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma");
+#else
+    return false;
 #endif
-    return SubTilePlain;
 }
 
-const TileKernel kSubTile = ChooseKernel();
+// The kernels in use: those of the wider vector instructions where the processor has them.
+#if defined(__x86_64__)
+TileKernel g_subTile = HasAvx2() ? SubTileAvx2 : SubTilePlain;
+SliverKernel g_forwardSliver = HasAvx2() ? ForwardSliverAvx2 : ForwardSliverPlain;
+#else
+TileKernel g_subTile = SubTilePlain;
+SliverKernel g_forwardSliver = ForwardSliverPlain;
+#endif
 
-// Inner product of two contiguous runs, in four interleaved sums.
+// Four doubles as one value; the compiler maps it to the vector registers the target has.
+typedef double V4 __attribute__((vector_size(32)));
+
+// Inner product of two contiguous runs, four terms at a time.
 double Dot(const double* a, const double* b, int n) {
-    double s0 = 0.0, s1 = 0.0, s2 = 0.0, s3 = 0.0;
+    V4 s4 = {0.0, 0.0, 0.0, 0.0};
     int i = 0;
     for (; i + 4 <= n; i += 4) {
-        s0 += a[i] * b[i];
-        s1 += a[i + 1] * b[i + 1];
-        s2 += a[i + 2] * b[i + 2];
-        s3 += a[i + 3] * b[i + 3];
+        V4 x, y;
+        std::memcpy(&x, a + i, sizeof x);
+        std::memcpy(&y, b + i, sizeof y);
+        s4 += x * y;
     }
-    for (; i < n; ++i) s0 += a[i] * b[i];
-    return (s0 + s2) + (s1 + s3);
+    double s = (s4[0] + s4[2]) + (s4[1] + s4[3]);
+    for (; i < n; ++i) s += a[i] * b[i];
+    return s;
 }
 
-// y -= s x over n values.
+// y -= s x over n contiguous values.
 void SubScaled(double* y, double s, const double* x, int n) {
-    for (int l = 0; l < n; ++l) y[l] -= s * x[l];
+    int i = 0;
+    for (; i + 4 <= n; i += 4) {
+        V4 xv, yv;
+        std::memcpy(&xv, x + i, sizeof xv);
+        std::memcpy(&yv, y + i, sizeof yv);
+        yv -= s * xv;
+        std::memcpy(y + i, &yv, sizeof yv);
+    }
+    for (; i < n; ++i) y[i] -= s * x[i];
 }
 
 } // namespace
+
+int CBandSolver::UseVectorKernels(bool use) {
+#if defined(__x86_64__)
+    if (use && HasAvx2()) {
+        g_subTile = SubTileAvx2;
+        g_forwardSliver = ForwardSliverAvx2;
+        return 1;
+    }
+#endif
+    g_subTile = SubTilePlain;
+    g_forwardSliver = ForwardSliverPlain;
+    return 0;
+}
 
 const char* CBandSolver::MessageText(int id) {
     switch (id) {
@@ -140,9 +213,10 @@ int CBandSolver::Init(int neq, int nLoad, int band, int blockSize, SolverSink* s
     m_blockSize = blockSize;
     m_nBlocks = (neq - 1) / blockSize + 1;
     m_ld = std::min(band, neq);
+    m_loadStride = nLoad > 2 ? (nLoad + 3) / 4 * 4 : nLoad;
     try {
         m_k.assign(static_cast<std::size_t>(neq) * m_ld, 0.0);
-        m_f.assign(static_cast<std::size_t>(neq) * nLoad, 0.0);
+        m_f.assign(static_cast<std::size_t>(neq) * m_loadStride, 0.0);
         m_top.assign(neq, 0);
         m_colTop.resize(neq);
         if (!m_nodeTableSet) {
@@ -218,12 +292,12 @@ int CBandSolver::AddLoad(int eq, int load, double value) {
 
 double CBandSolver::GetLoad(int eq, int load) const {
     if (m_state != 1 || eq < 1 || eq > m_neq || load < 1 || load > m_nLoad) return 0.0;
-    return m_f[static_cast<std::size_t>(eq - 1) * m_nLoad + (load - 1)];
+    return m_f[static_cast<std::size_t>(eq - 1) * m_loadStride + (load - 1)];
 }
 
 double CBandSolver::GetDisplacement(int eq, int load) const {
     if (m_state != 2 || eq < 1 || eq > m_neq || load < 1 || load > m_nLoad) return 0.0;
-    return -m_f[static_cast<std::size_t>(eq - 1) * m_nLoad + (load - 1)];
+    return -m_f[static_cast<std::size_t>(eq - 1) * m_loadStride + (load - 1)];
 }
 
 void CBandSolver::SlaveDisplacement(const double master[6], double dx, double dy, double dz,
@@ -291,89 +365,112 @@ void CBandSolver::Heights(int first, int end) {
 }
 
 // Reduces the rows p0 to p1 - 1 against each other, all earlier rows having been carried into
-// them. Column by column: the terms of the panel rows are reduced by inner products down the
-// columns, then divided by their pivots. For the panel's own columns this gives the pivot; for the
-// columns to the right the undivided terms and the factors go to the packs of the tile product.
+// them. The panel's own columns go column by column: their terms in the panel rows are reduced
+// by inner products down the columns, then divided by their pivots, and each pivot is tested as
+// it is found. The columns to the right reached by the panel rows are reduced together by
+// forward substitution in slivers; their undivided terms and factors go to the packs of the tile
+// product.
 int CBandSolver::FactorPanel(int p0, int p1, Panel& pk) {
     const int w = m_ld;
+    for (int k = p0; k < p1; ++k) {
+        double* col = Col(k);
+        const int rlo = std::max({p0, m_top[k], k - w + 1});
+        for (int i = rlo + 1; i < k; ++i) {
+            const int q0 = std::max({rlo, m_top[i], i - w + 1});
+            if (q0 < i) col[i] -= Dot(Col(i) + q0, col + q0, i - q0);
+        }
+        double pivot = col[k];
+        for (int i = rlo; i < k; ++i) {
+            const double g = col[i];
+            const double u = g / Col(i)[i];
+            pivot -= u * g;
+            col[i] = u;
+        }
+        if (!TestPivot(k, pivot)) return 0;
+        col[k] = pivot;
+        double* fk = Loads(k);
+        for (int i = rlo; i < k; ++i)
+            if (col[i] != 0.0) SubScaled(fk, col[i], Loads(i), m_loadStride);
+    }
+
     const int kend = std::min(m_neq, p1 + w - 1);
     pk.first = std::max(p0, p1 - w + 1);
     pk.depth = p1 - pk.first;
     pk.columns = kend - p1;
+    if (pk.columns <= 0) return 1;
+    const int depth = pk.depth;
     const int gSlivers = (pk.columns + kMr - 1) / kMr;
     const int uSlivers = (pk.columns + kNr - 1) / kNr;
-    pk.g.assign(static_cast<std::size_t>(gSlivers) * kMr * pk.depth, 0.0);
-    pk.u.assign(static_cast<std::size_t>(uSlivers) * kNr * pk.depth, 0.0);
-    pk.gStart.assign(gSlivers, pk.depth);
-    pk.uStart.assign(uSlivers, pk.depth);
+    pk.g.assign(static_cast<std::size_t>(gSlivers) * kMr * depth, 0.0);
+    pk.u.assign(static_cast<std::size_t>(uSlivers) * kNr * depth, 0.0);
+    pk.gStart.assign(gSlivers, depth);
+    pk.uStart.assign(uSlivers, depth);
 
-    for (int k = p0; k < kend; ++k) {
-        double* col = Col(k);
+    // Terms of the panel rows in the columns to the right; those above a column's top and
+    // outside the band stay zero.
+    for (int k = p1; k < kend; ++k) {
+        const int t = k - p1;
         const int rlo = std::max({p0, m_top[k], k - w + 1});
-        const int rhi = std::min(k, p1);
-        for (int i = rlo; i < rhi; ++i) {
-            const int q0 = std::max({rlo, m_top[i], i - w + 1});
-            if (q0 < i) col[i] -= Dot(Col(i) + q0, col + q0, i - q0);
-        }
-        if (k < p1) {
-            double pivot = col[k];
-            for (int i = rlo; i < k; ++i) {
-                const double g = col[i];
-                const double u = g / Col(i)[i];
-                pivot -= u * g;
-                col[i] = u;
-            }
-            if (!TestPivot(k, pivot)) return 0;
-            col[k] = pivot;
-            double* fk = Loads(k);
-            for (int i = rlo; i < k; ++i)
-                if (col[i] != 0.0) SubScaled(fk, col[i], Loads(i), m_nLoad);
-        } else if (rlo < rhi) {
-            const int t = k - p1;
-            double* g = pk.g.data() + static_cast<std::size_t>(t / kMr) * kMr * pk.depth + t % kMr;
-            double* u = pk.u.data() + static_cast<std::size_t>(t / kNr) * kNr * pk.depth + t % kNr;
-            for (int i = rlo; i < rhi; ++i) {
-                const int p = i - pk.first;
-                g[p * kMr] = col[i];
-                col[i] /= Col(i)[i];
-                u[p * kNr] = col[i];
-            }
-            int& gs = pk.gStart[t / kMr];
-            int& us = pk.uStart[t / kNr];
-            gs = std::min(gs, rlo - pk.first);
-            us = std::min(us, rlo - pk.first);
+        if (rlo >= p1) continue;
+        const double* col = Col(k);
+        double* g = pk.g.data() + static_cast<std::size_t>(t / kMr) * kMr * depth + t % kMr;
+        for (int i = rlo; i < p1; ++i) g[(i - pk.first) * kMr] = col[i];
+        pk.gStart[t / kMr] = std::min(pk.gStart[t / kMr], rlo - pk.first);
+        pk.uStart[t / kNr] = std::min(pk.uStart[t / kNr], rlo - pk.first);
+    }
+    const double* triangle = Col(pk.first) + pk.first;
+    for (int s = 0; s < gSlivers; ++s) {
+        const int r0 = pk.gStart[s];
+        if (r0 >= depth) continue;
+        g_forwardSliver(depth - r0, triangle + static_cast<std::ptrdiff_t>(r0) * (w - 1) + r0,
+                        w - 1, pk.g.data() + (static_cast<std::size_t>(s) * depth + r0) * kMr);
+    }
+    for (int k = p1; k < kend; ++k) {
+        const int t = k - p1;
+        const int rlo = std::max({p0, m_top[k], k - w + 1});
+        double* col = Col(k);
+        const double* g = pk.g.data() + static_cast<std::size_t>(t / kMr) * kMr * depth + t % kMr;
+        double* u = pk.u.data() + static_cast<std::size_t>(t / kNr) * kNr * depth + t % kNr;
+        for (int i = rlo; i < p1; ++i) {
+            const int p = i - pk.first;
+            col[i] = g[p * kMr] / Col(i)[i];
+            u[p * kNr] = col[i];
         }
     }
     return 1;
 }
 
 // Carries the panel rows into the rows after them: K(i, k) -= sum over panel rows p of
-// G(p, i) U(p, k) for p1 <= i <= k, tile by tile, and the same for the loads.
+// G(p, i) U(p, k) for p1 <= i <= k tile by tile, and f(i) -= U(p, i) f(p).
 void CBandSolver::UpdateTrailing(int p1, Panel& pk) {
     const int nt = pk.columns;
     if (nt <= 0 || pk.depth <= 0) return;
-    const std::ptrdiff_t ldc = m_ld - 1;
+    const int depth = pk.depth;
     double edge[kNr * kMr];
+    // One tile; those across the diagonal or the ends go through `edge` and keep only the terms
+    // that exist.
+    auto tile = [&](int ig, int ps, const double* b, double* c, std::ptrdiff_t ldc, int rows,
+                    int cols, int diagonal) {
+        const double* g = pk.g.data() + (static_cast<std::size_t>(ig) * depth + ps) * kMr;
+        if (rows == kMr && cols == kNr && diagonal >= kMr - 1) {
+            g_subTile(depth - ps, g, b, c, ldc);
+            return;
+        }
+        std::fill(edge, edge + kNr * kMr, 0.0);
+        g_subTile(depth - ps, g, b, edge, kMr);
+        for (int j = 0; j < cols; ++j) {
+            const int n = std::min(rows, diagonal + j + 1);
+            for (int r = 0; r < n; ++r) c[j * ldc + r] += edge[j * kMr + r];
+        }
+    };
     for (int j0 = 0, jg = 0; j0 < nt; j0 += kNr, ++jg) {
-        const int ncols = std::min(kNr, nt - j0);
-        const double* u = pk.u.data() + static_cast<std::size_t>(jg) * kNr * pk.depth;
-        for (int i0 = 0, ig = 0; i0 < j0 + ncols; i0 += kMr, ++ig) {
+        const int cols = std::min(kNr, nt - j0);
+        const double* u = pk.u.data() + static_cast<std::size_t>(jg) * kNr * depth;
+        for (int i0 = 0, ig = 0; i0 < j0 + cols; i0 += kMr, ++ig) {
             const int ps = std::max(pk.gStart[ig], pk.uStart[jg]);
-            if (ps >= pk.depth) continue;
-            const double* g = pk.g.data() + static_cast<std::size_t>(ig) * kMr * pk.depth;
-            const int depth = pk.depth - ps;
-            if (i0 + kMr - 1 <= j0 && ncols == kNr) {
-                kSubTile(depth, g + ps * kMr, u + ps * kNr, Col(p1 + j0) + (p1 + i0), ldc);
-                continue;
-            }
-            // A tile across the diagonal or the end: only its upper, existing terms are kept.
-            std::fill(edge, edge + kNr * kMr, 0.0);
-            kSubTile(depth, g + ps * kMr, u + ps * kNr, edge, kMr);
-            for (int j = 0; j < ncols; ++j) {
-                double* cj = Col(p1 + j0 + j);
-                const int rows = std::min({kMr, nt - i0, j0 + j - i0 + 1});
-                for (int r = 0; r < rows; ++r) cj[p1 + i0 + r] += edge[j * kMr + r];
-            }
+            if (ps >= depth) continue;
+            tile(ig, ps, u + ps * kNr, Col(p1 + j0) + (p1 + i0), m_ld - 1, std::min(kMr, nt - i0),
+                 cols, j0 - i0);
         }
     }
     if (m_nLoad == 0) return;
@@ -382,7 +479,7 @@ void CBandSolver::UpdateTrailing(int p1, Panel& pk) {
         double* fi = Loads(i);
         const int rlo = std::max({pk.first, m_top[i], i - m_ld + 1});
         for (int p = rlo; p < p1; ++p)
-            if (col[p] != 0.0) SubScaled(fi, col[p], Loads(p), m_nLoad);
+            if (col[p] != 0.0) SubScaled(fi, col[p], Loads(p), m_loadStride);
     }
 }
 
@@ -397,7 +494,7 @@ void CBandSolver::BackSubstitute() {
         const double* col = Col(k);
         const double* xk = Loads(k);
         for (int i = m_colTop[k]; i < k; ++i)
-            if (col[i] != 0.0) SubScaled(Loads(i), col[i], xk, m_nLoad);
+            if (col[i] != 0.0) SubScaled(Loads(i), col[i], xk, m_loadStride);
     }
 }
 

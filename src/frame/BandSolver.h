@@ -73,14 +73,19 @@ public:
     // matrix product. 0 (the default) chooses from the band: the whole block for narrow bands.
     void SetPanelRows(int rows) { m_panelRows = rows < 0 ? 0 : rows; }
 
+    // Chooses the kernels of the tile products: with `use`, those of the processor's wider vector
+    // instructions when it has them, else the plain ones every processor runs. Answers 1 when the
+    // wider ones are in use. Both give the same results to rounding.
+    static int UseVectorKernels(bool use);
+
     // A slave node moves with its master as a rigid lever: d is slave minus master coordinates,
     // displacements are ux, uy, uz, rx, ry, rz.
     static void SlaveDisplacement(const double master[6], double dx, double dy, double dz,
                                   double slave[6]);
 
 private:
-    // Working packs of one panel: the panel rows' undivided terms and factors of the columns to
-    // the right, in slivers for the tile kernel.
+    // Working packs of one panel, in slivers for the tile kernel: the undivided terms G and the
+    // factors U of the panel rows in the columns to their right.
     struct Panel {
         int first = 0;   // first panel row that reaches beyond the panel
         int depth = 0;   // rows from `first` to the panel end
@@ -95,7 +100,7 @@ private:
     std::ptrdiff_t ColOffset(int k) const {
         return static_cast<std::ptrdiff_t>(k) * (m_ld - 1) + (m_ld - 1);
     }
-    double* Loads(int eq) { return m_f.data() + static_cast<std::ptrdiff_t>(eq) * m_nLoad; }
+    double* Loads(int eq) { return m_f.data() + static_cast<std::ptrdiff_t>(eq) * m_loadStride; }
     // Place of K(row, col) in the band store, -1 outside it or when no system is being built.
     std::ptrdiff_t Offset(int row, int col) const;
     int PanelRows() const;
@@ -109,13 +114,14 @@ private:
     void Report(int kind, int id, int eq);
 
     int m_neq = 0, m_nLoad = 0, m_band = 0, m_blockSize = 0, m_nBlocks = 0;
-    int m_ld = 0; // stored band: the band, but not more than the equations
+    int m_ld = 0;         // stored band: the band, but not more than the equations
+    int m_loadStride = 0; // load rows padded to whole vectors
     int m_panelRows = 0;
     int m_state = 0; // 0 empty, 1 assembled, 2 solved, 3 failed
     int m_warnings = 0, m_negativePivots = 0;
     SolverSink* m_sink = nullptr;
     std::vector<double> m_k;    // upper band, column by column, diagonal last
-    std::vector<double> m_f;    // loads and then solutions, one row of nLoad per equation
+    std::vector<double> m_f;    // loads and then solutions, one row of all load cases per equation
     std::vector<int> m_top;     // first row of each column inside the block being reduced
     std::vector<int> m_colTop;  // first stored row of each column over all blocks
     std::vector<int> m_nodeNos; // node table for the messages

@@ -303,6 +303,27 @@ TEST(BandSolver, TermsUnder1e40CountOnlyBelowTheColumnTop) {
     cut.Sym(0, 1, 0.0);
     EXPECT_LT(MaxError(s, DenseSolve(cut, f, 1), 3, 1), 1e-14);
     EXPECT_GT(MaxError(s, DenseSolve(k, f, 1), 3, 1), 1e-3);
+
+    // The table is made anew for each block from the terms carried into it. K(3,4) lies below
+    // the top of column 4, K(1,4), in one block; in blocks of two it is the first term of the
+    // column in the second block, stays under 1e-40 (columns 3 takes nothing from block 1) and
+    // drops out there.
+    Dense k4(4);
+    for (int i = 0; i < 4; ++i) k4(i, i) = 1e-39;
+    k4.Sym(0, 1, 3e-40);
+    k4.Sym(0, 3, 2e-40);
+    k4.Sym(2, 3, 0.5e-40);
+    const std::vector<double> f4 = {1e-39, -1e-39, 2e-39, 1e-39};
+    Dense cut4 = k4;
+    cut4.Sym(2, 3, 0.0);
+    for (int block : {4, 2}) {
+        CBandSolver t;
+        ASSERT_EQ(t.Init(4, 1, 4, block, nullptr), 1);
+        LoadByTerms(t, k4, f4, 1);
+        ASSERT_EQ(t.SolveEquations(), 1);
+        EXPECT_LT(MaxError(t, DenseSolve(block == 4 ? k4 : cut4, f4, 1), 4, 1), 1e-14) << block;
+        EXPECT_GT(MaxError(t, DenseSolve(block == 4 ? cut4 : k4, f4, 1), 4, 1), 1e-3) << block;
+    }
 }
 
 TEST(BandSolver, RefusesWhatLiesOutsideTheSystem) {
