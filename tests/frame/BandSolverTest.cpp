@@ -150,29 +150,33 @@ TEST(BandSolver, BandedSystemsAgreeWithADenseSolve) {
         {90, 50, 30, 2, 7, false, false}, // panels and band wider than a block
     };
     std::mt19937 gen(11);
-    for (const Case& c : cases) {
-        SCOPED_TRACE(testing::Message() << "n " << c.n << " band " << c.band << " block " << c.block
-                                        << " panel " << c.panel);
-        Dense k = RandomBand(c.n, c.band, c.profile, gen);
-        std::vector<double> f(static_cast<std::size_t>(c.n) * c.nLoad);
-        std::uniform_real_distribution<double> d(-10.0, 10.0);
-        for (double& v : f) v = d(gen);
-        Recorder rec;
-        CBandSolver s;
-        ASSERT_EQ(s.Init(c.n, c.nLoad, c.band, c.block, &rec), 1);
-        EXPECT_EQ(s.GetNBlocks(), (c.n + c.block - 1) / c.block);
-        s.SetPanelRows(c.panel);
-        if (c.byBlocks)
-            LoadByBlocks(s, k, f, c.nLoad);
-        else
-            LoadByTerms(s, k, f, c.nLoad);
-        ASSERT_EQ(s.SolveEquations(), 1);
-        EXPECT_LT(MaxError(s, DenseSolve(k, f, c.nLoad), c.n, c.nLoad), 1e-12);
-        EXPECT_TRUE(rec.msgs.empty());
-        ASSERT_EQ(rec.status.size(), static_cast<std::size_t>(s.GetNBlocks()));
-        EXPECT_EQ(rec.status.back(), "Solving block  " + std::to_string(s.GetNBlocks()) + " of  " +
-                                         std::to_string(s.GetNBlocks()));
-    }
+    // Each case with the processor's vector kernels, where it has them, and with the plain ones.
+    for (int pass = 0; pass < 2; ++pass)
+        for (const Case& c : cases) {
+            CBandSolver::UseVectorKernels(pass == 0);
+            SCOPED_TRACE(testing::Message() << "n " << c.n << " band " << c.band << " block "
+                                            << c.block << " panel " << c.panel << " pass " << pass);
+            Dense k = RandomBand(c.n, c.band, c.profile, gen);
+            std::vector<double> f(static_cast<std::size_t>(c.n) * c.nLoad);
+            std::uniform_real_distribution<double> d(-10.0, 10.0);
+            for (double& v : f) v = d(gen);
+            Recorder rec;
+            CBandSolver s;
+            ASSERT_EQ(s.Init(c.n, c.nLoad, c.band, c.block, &rec), 1);
+            EXPECT_EQ(s.GetNBlocks(), (c.n + c.block - 1) / c.block);
+            s.SetPanelRows(c.panel);
+            if (c.byBlocks)
+                LoadByBlocks(s, k, f, c.nLoad);
+            else
+                LoadByTerms(s, k, f, c.nLoad);
+            ASSERT_EQ(s.SolveEquations(), 1);
+            EXPECT_LT(MaxError(s, DenseSolve(k, f, c.nLoad), c.n, c.nLoad), 1e-12);
+            EXPECT_TRUE(rec.msgs.empty());
+            ASSERT_EQ(rec.status.size(), static_cast<std::size_t>(s.GetNBlocks()));
+            EXPECT_EQ(rec.status.back(), "Solving block  " + std::to_string(s.GetNBlocks()) +
+                                             " of  " + std::to_string(s.GetNBlocks()));
+        }
+    CBandSolver::UseVectorKernels(true);
 }
 
 TEST(BandSolver, SupportsOfTheFrameAt1e20GiveZeroDisplacement) {
