@@ -447,17 +447,18 @@ void CBandSolver::UpdateTrailing(int p1, Panel& pk) {
     if (nt <= 0 || pk.depth <= 0) return;
     const int depth = pk.depth;
     double edge[kNr * kMr];
-    // One tile; those across the diagonal or the ends go through `edge` and keep only the terms
-    // that exist.
-    auto tile = [&](int ig, int ps, const double* b, double* c, std::ptrdiff_t ldc, int rows,
-                    int cols, int diagonal) {
-        const double* g = pk.g.data() + (static_cast<std::size_t>(ig) * depth + ps) * kMr;
+    // One tile of `rows` by `cols` over the pack rows ps to depth. Those across the diagonal or
+    // the ends go through `edge` and keep only rows up to `diagonal` + j of column j.
+    auto tile = [&](const double* a, const double* b, int ps, double* c, std::ptrdiff_t ldc,
+                    int rows, int cols, int diagonal) {
+        a += static_cast<std::ptrdiff_t>(ps) * kMr;
+        b += static_cast<std::ptrdiff_t>(ps) * kNr;
         if (rows == kMr && cols == kNr && diagonal >= kMr - 1) {
-            g_subTile(depth - ps, g, b, c, ldc);
+            g_subTile(depth - ps, a, b, c, ldc);
             return;
         }
         std::fill(edge, edge + kNr * kMr, 0.0);
-        g_subTile(depth - ps, g, b, edge, kMr);
+        g_subTile(depth - ps, a, b, edge, kMr);
         for (int j = 0; j < cols; ++j) {
             const int n = std::min(rows, diagonal + j + 1);
             for (int r = 0; r < n; ++r) c[j * ldc + r] += edge[j * kMr + r];
@@ -469,17 +470,30 @@ void CBandSolver::UpdateTrailing(int p1, Panel& pk) {
         for (int i0 = 0, ig = 0; i0 < j0 + cols; i0 += kMr, ++ig) {
             const int ps = std::max(pk.gStart[ig], pk.uStart[jg]);
             if (ps >= depth) continue;
-            tile(ig, ps, u + ps * kNr, Col(p1 + j0) + (p1 + i0), m_ld - 1, std::min(kMr, nt - i0),
-                 cols, j0 - i0);
+            const double* g = pk.g.data() + static_cast<std::size_t>(ig) * kMr * depth;
+            tile(g, u, ps, Col(p1 + j0) + (p1 + i0), m_ld - 1, std::min(kMr, nt - i0), cols,
+                 j0 - i0);
         }
     }
+    // The loads the same way, load cases down a tile and equations across it:
+    // f(i, l) -= sum over p of f(p, l) U(p, i).
     if (m_nLoad == 0) return;
-    for (int i = p1; i < p1 + nt; ++i) {
-        const double* col = Col(i);
-        double* fi = Loads(i);
-        const int rlo = std::max({pk.first, m_top[i], i - m_ld + 1});
-        for (int p = rlo; p < p1; ++p)
-            if (col[p] != 0.0) SubScaled(fi, col[p], Loads(p), m_loadStride);
+    const int zSlivers = (m_nLoad + kMr - 1) / kMr;
+    pk.z.assign(static_cast<std::size_t>(zSlivers) * kMr * depth, 0.0);
+    for (int p = 0; p < depth; ++p) {
+        const double* f = Loads(pk.first + p);
+        for (int l = 0; l < m_nLoad; ++l)
+            pk.z[(static_cast<std::size_t>(l / kMr) * depth + p) * kMr + l % kMr] = f[l];
+    }
+    for (int l0 = 0, lg = 0; l0 < m_nLoad; l0 += kMr, ++lg) {
+        const double* z = pk.z.data() + static_cast<std::size_t>(lg) * kMr * depth;
+        for (int j0 = 0, jg = 0; j0 < nt; j0 += kNr, ++jg) {
+            const int ps = pk.uStart[jg];
+            if (ps >= depth) continue;
+            const double* u = pk.u.data() + static_cast<std::size_t>(jg) * kNr * depth;
+            tile(z, u, ps, Loads(p1 + j0) + l0, m_loadStride, std::min(kMr, m_nLoad - l0),
+                 std::min(kNr, nt - j0), kMr);
+        }
     }
 }
 
@@ -490,6 +504,7 @@ void CBandSolver::BackSubstitute() {
         double* fk = Loads(k);
         for (int l = 0; l < m_nLoad; ++l) fk[l] /= d;
     }
+    if (m_nLoad == 0) return;
     for (int k = m_neq - 1; k > 0; --k) {
         const double* col = Col(k);
         const double* xk = Loads(k);

@@ -85,12 +85,12 @@ public:
 
 private:
     // Working packs of one panel, in slivers for the tile kernel: the undivided terms G and the
-    // factors U of the panel rows in the columns to their right.
+    // factors U of the panel rows in the columns to their right, and the panel rows' loads.
     struct Panel {
         int first = 0;   // first panel row that reaches beyond the panel
         int depth = 0;   // rows from `first` to the panel end
         int columns = 0; // columns to the right of the panel that its rows reach
-        std::vector<double> g, u;
+        std::vector<double> g, u, z;
         std::vector<int> gStart, uStart;
     };
 
