@@ -19,8 +19,10 @@ class SolverSink;
 // At the start of each block the column tops seen from the block's rows are found (the height
 // table): the first entry of 1e-40 or more in size, walking down a column, starts the column, and
 // smaller entries above it count as zero. Pivots: a negative one is warned about and the reduction
-// goes on; one of 0 or more but under 1e-40 in size is a mechanism and ends it. Messages name the
-// node from the node table, at entry (equation + 1) / 6 counted from zero.
+// goes on; one of 0 or more but under 1e-40 in size is a mechanism and ends it. Both give warning
+// 41003 with "Node no.: " and the node from the node table at entry (equation + 1) / 6, counted
+// from zero, which can be the node after the one at fault (0 past the table's end); five such
+// messages at most in one solve.
 class CBandSolver {
 public:
     // Message resources of the solver.
@@ -60,7 +62,8 @@ public:
     double GetLoad(int eq, int load) const;
 
     // Reduction, forward elimination of all load cases and back substitution. 1 success, 0
-    // failure (reported to the sink). The system is used up either way.
+    // failure (reported to the sink). The status text of each block is "Solving block  b of  n".
+    // The system is used up either way.
     int SolveEquations();
 
     // After a successful solve: displacement of equation `eq` under load case `load`, with the sign
