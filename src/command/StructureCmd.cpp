@@ -5,6 +5,7 @@
 #include "command/FrameCmd.h"
 #include "command/LoadCmd.h"
 #include "command/MessageTable.h"
+#include "command/SectionCmd.h"
 #include "model/Id.h"
 #include "model/Structure.h"
 #include "platform/Text.h"
@@ -222,6 +223,7 @@ CStructureCmd::CStructureCmd(CStructure* structure, int language)
     m_frameCmd = std::make_unique<CFrameCmd>(*this);
     m_loadCmd = std::make_unique<CLoadCmd>(*this);
     m_alignmentCmd = std::make_unique<CAlignmentCmd>(*this);
+    m_sectionCmd = std::make_unique<CSectionCmd>(*this);
 }
 
 CStructureCmd::~CStructureCmd() = default;

@@ -16,6 +16,7 @@ class CStructure;
 class CFrameCmd;
 class CLoadCmd;
 class CAlignmentCmd;
+class CSectionCmd;
 
 // The interpreter of command files. A text is fed to it a line at a time; each line is joined
 // with its continuations, stripped of comments, dispatched by its keyword to a handler, and
@@ -172,6 +173,7 @@ private:
     std::unique_ptr<CFrameCmd> m_frameCmd;
     std::unique_ptr<CLoadCmd> m_loadCmd;
     std::unique_ptr<CAlignmentCmd> m_alignmentCmd;
+    std::unique_ptr<CSectionCmd> m_sectionCmd;
 };
 
 } // namespace kelo
