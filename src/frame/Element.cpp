@@ -18,4 +18,22 @@ CElement::CElement(const CElement& other)
       TransMatrix(other.TransMatrix), DesignSectionList(other.DesignSectionList),
       AxialList(other.AxialList), MassList(other.MassList) {}
 
+double CElement::CalcAxialForce() const {
+    double sum = 0.0;
+    for (const CAxial* a : AxialList) sum += a->GetAxialValue();
+    return sum;
+}
+
+double CElement::CalcMLMoment() const {
+    double sum = 0.0;
+    for (const CAxial* a : AxialList) sum += a->GetMLValue();
+    return sum;
+}
+
+double CElement::CalcMNMoment() const {
+    double sum = 0.0;
+    for (const CAxial* a : AxialList) sum += a->GetMNValue();
+    return sum;
+}
+
 } // namespace kelo
