@@ -10,6 +10,7 @@
 #include "store/MemResBase.h"
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
 #include <functional>
 #include <set>
@@ -50,18 +51,36 @@ constexpr int kResultExternalLoadcase = 11, kResultExternalLoadcomb = 12,
 const char* const kTrafRowNames[12] = {"PL-Max", "PM-Max", "PN-Max", "ML-Max", "MM-Max", "MN-Max",
                                        "PL-Min", "PM-Min", "PN-Min", "ML-Min", "MM-Min", "MN-Min"};
 
-// An integer field is read by truncation toward zero.
-int Int(double v) { return static_cast<int>(v); }
+// An integer field is read by truncation toward zero; values beyond the range of an int are
+// held at its ends, so that no number can overflow when it is negated or stepped.
+int Int(double v) {
+    if (std::isnan(v)) return 0;
+    if (v >= static_cast<double>(INT_MAX)) return INT_MAX;
+    if (v <= -static_cast<double>(INT_MAX)) return -INT_MAX;
+    return static_cast<int>(v);
+}
 
 std::string NameOf(const std::string& text) { return CutName(Trim(text), kNameLength); }
 
+// No real model numbers a million objects in one command: a longer range is taken for a typing
+// error, so that it cannot tie the reader up or exhaust the memory.
+constexpr long long kMaxRangeNumbers = 1000000;
+
+bool RangeTooLong(const double* range) {
+    const long long step = Int(range[2]);
+    if (step == 0) return false;
+    return (static_cast<long long>(Int(range[1])) - Int(range[0])) / step + 1 > kMaxRangeNumbers;
+}
+
 // Calls f(number, k) for each number of the range first, last, step at `range`, k counting from
-// 0. A step that truncates to 0 gives no numbers.
+// 0. A step that truncates to 0, and a range that is too long, give no numbers.
 void ForRange(const double* range, const std::function<void(int, int)>& f) {
-    const int step = Int(range[2]);
-    if (step == 0) return;
+    const long long step = Int(range[2]);
+    if (step == 0 || RangeTooLong(range)) return;
+    const long long last = Int(range[1]);
     int k = 0;
-    for (int i = Int(range[0]); CStructureCmd::LessOrEqual(i, range); i += step) f(i, k++);
+    for (long long i = Int(range[0]); step > 0 ? i <= last : i >= last; i += step)
+        f(static_cast<int>(i), k++);
 }
 
 bool InRange(int no, const double* range) {
@@ -76,6 +95,12 @@ bool InRange(int no, const double* range) {
 
 // The result type of forces and displacements given for a load case (code 1) or a combination.
 int ExternalType(int code) { return code == 1 ? kResultExternalLoadcase : kResultExternalLoadcomb; }
+
+// A traffic load's twelve results take the numbers from its own to eleven above it.
+constexpr int kMaxTrafLoadNo = INT_MAX - 11;
+
+// One decimal digit of a code; a check refuses anything else.
+int Digit(double v) { return Int(v) % 10; }
 
 bool ValidLimitState(int ls) { return ls >= 1 && ls <= 4; }
 
@@ -217,6 +242,13 @@ int CLoadCmd::ReadAndCheck(int type, const std::string& rest, double* values, in
     return check < -1 ? -2 : check;
 }
 
+int CLoadCmd::RangeCheck(int base, double* values, int showDialog) {
+    const int result = m_cmd.StepCheck(base, values, showDialog);
+    if (result < -1 || !RangeTooLong(&values[base])) return result;
+    m_cmd.Message(3004, showDialog, 0, 0.0, nullptr);
+    return -2;
+}
+
 CLoadcase* CLoadCmd::FindOrMakeLoadcase(int no, const std::string& name, int type) {
     CLoadcase* lc = S().GetLoadcasePtr(no);
     if (!lc) {
@@ -260,7 +292,7 @@ void CLoadCmd::RecalcDependencies(bool charts) {
 int CLoadCmd::LoadDataCheck(double* v, int showDialog) {
     const int type = Int(v[1]);
     const bool alongLine = type == 30 || type == 40;
-    int result = alongLine ? 0 : m_cmd.StepCheck(2, v, showDialog);
+    int result = alongLine ? 0 : RangeCheck(2, v, showDialog);
     if (!CheckErrors()) return 0;
     if (result < -1) return result;
     if (Int(v[0]) < 1) {
@@ -730,9 +762,8 @@ int CLoadCmd::Sortcomb(std::string& rest, int showDialog) {
 // Values: number (1 to 999), the range first, last, step of sorted combinations, limit state,
 // calculation code (0 or 1), and the range of elements (first 0: every element).
 int CLoadCmd::SortlineDataCheck(double* v, int showDialog) {
-    int result = m_cmd.StepCheck(1, v, showDialog);
-    if (result >= -1 && Int(v[6]) != 0)
-        result = std::min(result, m_cmd.StepCheck(6, v, showDialog));
+    int result = RangeCheck(1, v, showDialog);
+    if (result >= -1 && Int(v[6]) != 0) result = std::min(result, RangeCheck(6, v, showDialog));
     if (!CheckErrors()) return 0;
     if (result < -1) return result;
     const int no = Int(v[0]);
@@ -819,7 +850,7 @@ int CLoadCmd::Creepcmb(std::string& rest, int showDialog) {
 // Values: load case, the element range, creep combination, times t1 and t2 (days), and one more
 // value kept with the load.
 int CLoadCmd::CreeplcDataCheck(double* v, int showDialog) {
-    int result = m_cmd.StepCheck(1, v, showDialog);
+    int result = RangeCheck(1, v, showDialog);
     if (!CheckErrors()) return 0;
     if (result < -1) return result;
     if (Int(v[0]) < 1) {
@@ -865,7 +896,7 @@ int CLoadCmd::Creeplc(std::string& rest, int showDialog) {
 
 // Values: number, type (1 to 8), the range of loads (for types 4, 7 and 8 a mode count).
 int CLoadCmd::CalcgrpDataCheck(double* v, int showDialog) {
-    int result = m_cmd.StepCheck(2, v, showDialog);
+    int result = RangeCheck(2, v, showDialog);
     if (!CheckErrors()) return 0;
     if (result < -1) return result;
     if (Int(v[0]) < 1) {
@@ -1048,7 +1079,7 @@ int CLoadCmd::Ansetup(std::string& rest, int showDialog) {
 // Values: first (-1: every analysis), last, step.
 int CLoadCmd::AnsolveDataCheck(double* v, int showDialog) {
     if (Int(v[0]) == -1) return 0;
-    int result = m_cmd.StepCheck(0, v, showDialog);
+    int result = RangeCheck(0, v, showDialog);
     if (!CheckErrors()) return 0;
     if (result < -1) return result;
     ForRange(v, [&](int no, int) {
@@ -1171,7 +1202,7 @@ int CLoadCmd::Solve(std::string& rest, int showDialog) {
 // Values: line number, the element range, stretches per element, spacing (m). With a spacing
 // above 0 an element is cut into length / spacing stretches, at least one.
 int CLoadCmd::TraflineDataCheck(double* v, int showDialog) {
-    int result = m_cmd.StepCheck(1, v, showDialog);
+    int result = RangeCheck(1, v, showDialog);
     if (!CheckErrors()) return 0;
     if (result < -1) return result;
     if (Int(v[0]) < 1) {
@@ -1231,7 +1262,7 @@ int CLoadCmd::TrafloadDataCheck(double* v, int showDialog) {
     if (!CheckErrors()) return 0;
     const int no = Int(v[0]);
     const int lineNo = Int(v[1]);
-    if (no < 1) {
+    if (no < 1 || no > kMaxTrafLoadNo) {
         m_cmd.Message(3110, showDialog, no, v[0], nullptr);
         return -2;
     }
@@ -1273,6 +1304,7 @@ int CLoadCmd::Trafload(std::string& rest, int showDialog) {
     const int check = ReadAndCheck(kTrafload, rest, v, 13, text, showDialog);
     if (check < -1) return check;
     const int no = Int(v[0]);
+    if (no > kMaxTrafLoadNo) return -2;
     CTrafLoad* load = S().GetTrafLoadPtr(no);
     if (!load) {
         const std::string name =
@@ -1564,7 +1596,7 @@ int CLoadCmd::Wind(int type, std::string& rest, int showDialog) {
 
 // Values: the element range, the five buckling values, a spare.
 int CLoadCmd::BucklingDataCheck(double* v, int showDialog) {
-    int result = m_cmd.StepCheck(0, v, showDialog);
+    int result = RangeCheck(0, v, showDialog);
     if (!CheckErrors()) return 0;
     if (result < -1) return result;
     if (CheckWarnings())
@@ -1595,11 +1627,13 @@ int CLoadCmd::Buckling(std::string& rest, int) {
 // Values: kind (2 OC, 4 SC, 5 SCL), the range of combinations, the digits a, b and c of the
 // code c b a, and the model of the buckling lengths.
 int CLoadCmd::BuckldesDataCheck(double* v, int showDialog) {
-    int result = m_cmd.StepCheck(1, v, showDialog);
+    int result = RangeCheck(1, v, showDialog);
     if (!CheckErrors()) return 0;
     if (result < -1) return result;
     const int kind = Int(v[0]);
-    if (kind != 2 && kind != 4 && kind != 5) {
+    const bool digits = Int(v[4]) >= 0 && Int(v[4]) <= 9 && Int(v[5]) >= 0 && Int(v[5]) <= 9 &&
+                        Int(v[6]) >= 0 && Int(v[6]) <= 9;
+    if ((kind != 2 && kind != 4 && kind != 5) || !digits) {
         m_cmd.Message(3004, showDialog, kind, v[0], nullptr);
         return -2;
     }
@@ -1623,7 +1657,7 @@ int CLoadCmd::Buckldes(std::string& rest, int showDialog) {
     const int check = ReadAndCheck(kBuckldes, rest, v, 8, text, showDialog);
     if (check < -1) return check;
     const int kind = Int(v[0]);
-    const int code = Int(v[6]) * 100 + Int(v[5]) * 10 + Int(v[4]);
+    const int code = Digit(v[6]) * 100 + Digit(v[5]) * 10 + Digit(v[4]);
     const int model = Int(v[7]);
     ForRange(&v[1], [&](int no, int) {
         if (kind == 2)

@@ -77,6 +77,9 @@ private:
     // (0 or -1), or -2 when the command is to be dropped.
     int ReadAndCheck(int type, const std::string& rest, double* values, int count,
                      std::string& text, int showDialog);
+    // The range first, last, step at values[base] as the interpreter completes and checks it,
+    // refused (3004) when it holds more numbers than any model has.
+    int RangeCheck(int base, double* values, int showDialog);
     CStructure& S() const;
     bool CheckErrors() const;
     bool CheckWarnings() const;

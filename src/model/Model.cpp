@@ -2,6 +2,7 @@
 
 #include "model/Structure.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace kelo {
@@ -10,24 +11,30 @@ namespace {
 
 int Truncate(double v) { return static_cast<int>(v); }
 
-// The numbers of a modification's interval. A missing last number with a missing step is the
-// first number alone. Except for the walk of type 33, an interval is walked upward whatever the
-// sign of its step.
-std::vector<int> IntervalNumbers(const CModelModify& m, bool ownDirection) {
-    int first = m.GetInterval(0);
-    int last = m.GetInterval(1);
-    int step = m.GetInterval(2);
+// Whether a number is one of a modification's interval. A missing last number with a missing step
+// is the first number alone; a step's sign does not matter here.
+bool InInterval(int no, const CModelModify& m) {
+    const long long first = m.GetInterval(0);
+    long long last = m.GetInterval(1);
+    long long step = m.GetInterval(2);
     if (last == 0 && step == 0) last = first;
     if (step == 0) step = 1;
-    if (!ownDirection) {
-        if (last < first) std::swap(first, last);
-        step = std::abs(step);
-    }
-    std::vector<int> out;
-    if (step > 0)
-        for (int i = first; i <= last; i += step) out.push_back(i);
-    else
-        for (int i = first; i >= last; i += step) out.push_back(i);
+    const long long lo = std::min(first, last), hi = std::max(first, last);
+    if (no < lo || no > hi) return false;
+    return (no - first) % step == 0;
+}
+
+// The objects of a list that a modification's interval holds, in the order it walks them: upward,
+// except that type 33 walks in the direction of its step, downward for a negative step from
+// first down to last, and not at all against it.
+template <class T> std::vector<T*> Walk(const CObList<T>& list, const CModelModify& m) {
+    std::vector<T*> out;
+    const int first = m.GetInterval(0), last = m.GetInterval(1), step = m.GetInterval(2);
+    if (m.GetType() == 33 && step < 0 && last > first) return out;
+    if (m.GetType() == 33 && step > 0 && last != 0 && last < first) return out;
+    for (T* item : list)
+        if (InInterval(item->KeyNo(), m)) out.push_back(item);
+    if (m.GetType() == 33 && step < 0) std::reverse(out.begin(), out.end());
     return out;
 }
 
@@ -104,9 +111,7 @@ int CModel::ImplementModelModify(const CStructure* s, CObList<CElement>& element
         const int type = m->GetType();
         auto data = [m](int i) { return m->GetValues(i - 1); };
         if (type == 1 || type == 2) {
-            for (int no : IntervalNumbers(*m, false)) {
-                CNode* node = nodes.Get(no);
-                if (!node) continue;
+            for (CNode* node : Walk(nodes, *m)) {
                 if (type == 1) {
                     // The code's digits, the highest first, are the freedoms X, Y, Z, RX, RY, RZ.
                     int code = Truncate(data(1));
@@ -131,9 +136,8 @@ int CModel::ImplementModelModify(const CStructure* s, CObList<CElement>& element
         const bool known = type == 10 || type == 11 || type == 20 || type == 21 ||
                            (type >= 30 && type <= 33) || (type >= 40 && type <= 45);
         if (!known) return 0;
-        for (int no : IntervalNumbers(*m, type == 33)) {
-            CElement* e = elements.Get(no);
-            if (!e) continue;
+        for (CElement* e : Walk(elements, *m)) {
+            const int no = e->GetNo();
             switch (type) {
             case 10:
                 e->SetJoint1(data(1));

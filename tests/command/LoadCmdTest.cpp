@@ -692,6 +692,12 @@ TEST(LoadCommandChecks, MessagesInBothLanguages) {
          "Element nummer 4 er ikke definert!"},
         {"", "BUCKLDES OC 3 3", 2, false, "Load combination number 3 is not defined!",
          "Lastkombinasjon nummer 3 er ikke definert!"},
+        {"", "LOAD 1 4 1 2000000 1 ZDIR 1", 1, true,
+         "One or more of the values in command line are not valid!",
+         "En eller flere av verdiene i kommandolinjen er ikke gyldige!"},
+        {"", "BUCKLDES OC 1 1 1 12", 1, true,
+         "One or more of the values in command line are not valid!",
+         "En eller flere av verdiene i kommandolinjen er ikke gyldige!"},
     };
     for (int language : {2, 1}) {
         for (const Case& c : cases) {
@@ -728,4 +734,20 @@ TEST(LoadCommandChecks, AnErrorLeavesTheModelAsItWas) {
     f.cmd().SetCheckLevel(0);
     EXPECT_EQ(f.Run("LOAD 1 4 2 0 0 9 -10 2"), 0);
     EXPECT_EQ(LoadCount(f.s, 1), 2u);
+}
+
+// Without checks, values far outside what a model uses neither hang the reader nor overflow:
+// a range of more than a million numbers gives nothing, and numbers are held within an int.
+TEST(LoadCommandChecks, ExtremeValuesWithoutChecksAreHarmless) {
+    Frame f(2, 0);
+    EXPECT_EQ(f.Run("LOAD 1 4 1 1e12 1 ZDIR 1"), 0);
+    EXPECT_EQ(LoadCount(f.s, 1), 0u);
+    EXPECT_EQ(f.Run("LOAD 2 4 2147483646 1e12 1 ZDIR 1"), 0);
+    EXPECT_EQ(LoadCount(f.s, 2), 2u); // 2147483646 and the largest int, where the range is held
+    EXPECT_EQ(f.Run("TRAFLINE 1\r\nTRAFLOAD 2147483647 1"), -2);
+    EXPECT_EQ(f.s.GetTrafLoadPtr(2147483647), nullptr);
+    EXPECT_EQ(f.Run("SECTFORCE 1 1 -1e12"), 0);
+    EXPECT_EQ(f.Run("ORDCOMB 1\r\nBUCKLDES OC 1 1 1 1e9 -1e9 nan"), 0);
+    EXPECT_EQ(f.Run("SORTLINE 1 1 1 1 1 0 1 1e12 1"), 0);
+    EXPECT_TRUE(f.s.GetSortCombLinePtr(1)->GetElementNoArray().empty());
 }
