@@ -165,7 +165,7 @@ CDesignSection* DesignSectionAt(CElement& e, double xOverL) {
 }
 
 // Whether the combination `from` reaches `target` through the lines of code `code`, walking
-// combinations that `next` finds by number.
+// the factor lists that `factsOf` finds by number.
 bool Reaches(int from, int target, int code,
              const std::function<const CLoadfactList*(int)>& factsOf) {
     std::set<int> seen;
@@ -220,10 +220,18 @@ CLoadCmd::CLoadCmd(CStructureCmd& cmd) : m_cmd(cmd) {
     reg(kBuckling, &CLoadCmd::Buckling, &CLoadCmd::BucklingDataCheck);
     reg(kBuckldes, &CLoadCmd::Buckldes, &CLoadCmd::BuckldesDataCheck);
     reg(kOutput, &CLoadCmd::Output, &CLoadCmd::OutputDataCheck);
-    for (int type : {kWindspec, kWindlen, kWindturb, kWindcoh, kWindvrtx})
+    const struct {
+        int type;
+        int (CLoadCmd::*handler)(string&, int);
+    } winds[] = {{kWindspec, &CLoadCmd::Windspec},
+                 {kWindlen, &CLoadCmd::Windlen},
+                 {kWindturb, &CLoadCmd::Windturb},
+                 {kWindcoh, &CLoadCmd::Windcoh},
+                 {kWindvrtx, &CLoadCmd::Windvrtx}};
+    for (const auto& w : winds)
         m_cmd.RegisterHandler(
-            type, [this, type](string& r, int d) { return Wind(type, r, d); },
-            [this, type](double* v, int d) { return WindDataCheck(type, v, d); });
+            w.type, [this, h = w.handler](string& r, int d) { return (this->*h)(r, d); },
+            [this, t = w.type](double* v, int d) { return WindDataCheck(t, v, d); });
 }
 
 // ------------------------------------------------------------------------- shared steps
@@ -1545,6 +1553,26 @@ int CLoadCmd::WindDataCheck(int type, double* v, int showDialog) {
         return -2;
     }
     return 0;
+}
+
+int CLoadCmd::Windspec(std::string& rest, int showDialog) {
+    return Wind(kWindspec, rest, showDialog);
+}
+
+int CLoadCmd::Windlen(std::string& rest, int showDialog) {
+    return Wind(kWindlen, rest, showDialog);
+}
+
+int CLoadCmd::Windturb(std::string& rest, int showDialog) {
+    return Wind(kWindturb, rest, showDialog);
+}
+
+int CLoadCmd::Windcoh(std::string& rest, int showDialog) {
+    return Wind(kWindcoh, rest, showDialog);
+}
+
+int CLoadCmd::Windvrtx(std::string& rest, int showDialog) {
+    return Wind(kWindvrtx, rest, showDialog);
 }
 
 int CLoadCmd::Wind(int type, std::string& rest, int showDialog) {

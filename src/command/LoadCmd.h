@@ -63,7 +63,12 @@ private:
     int EqspecDataCheck(double* values, int showDialog);
     int Eqspecpt(std::string& rest, int showDialog);
     int EqspecptDataCheck(double* values, int showDialog);
-    // WINDSPEC, WINDLEN, WINDTURB, WINDCOH and WINDVRTX: one handler, told apart by the number.
+    int Windspec(std::string& rest, int showDialog);
+    int Windlen(std::string& rest, int showDialog);
+    int Windturb(std::string& rest, int showDialog);
+    int Windcoh(std::string& rest, int showDialog);
+    int Windvrtx(std::string& rest, int showDialog);
+    // The five wind commands share their reading and their check, told apart by the number.
     int Wind(int type, std::string& rest, int showDialog);
     int WindDataCheck(int type, double* values, int showDialog);
     int Buckling(std::string& rest, int showDialog);
