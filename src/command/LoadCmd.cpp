@@ -84,13 +84,12 @@ void ForRange(const double* range, const std::function<void(int, int)>& f) {
 }
 
 bool InRange(int no, const double* range) {
-    const int first = Int(range[0]);
-    const int step = Int(range[2]);
-    if (step == 0) return no == first;
-    const int last = Int(range[1]);
-    if (step > 0 && (no < first || no > last)) return false;
-    if (step < 0 && (no > first || no < last)) return false;
-    return (no - first) % step == 0;
+    const long long first = Int(range[0]);
+    const long long step = Int(range[2]);
+    const long long last = Int(range[1]);
+    if (step > 0) return no >= first && no <= last && (no - first) % step == 0;
+    if (step < 0) return no <= first && no >= last && (first - no) % -step == 0;
+    return no == first;
 }
 
 // The result type of forces and displacements given for a load case (code 1) or a combination.
