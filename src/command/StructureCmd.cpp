@@ -563,7 +563,8 @@ int CStructureCmd::StepCheck(int base, double* values, int showDialog) {
     double& first = values[base];
     double& last = values[base + 1];
     double& step = values[base + 2];
-    if (static_cast<int>(last) == 0 && static_cast<int>(step) == 0) {
+    // Both truncate to 0; tested on the doubles, which may lie beyond the range of an int.
+    if (std::trunc(last) == 0.0 && std::trunc(step) == 0.0) {
         last = first;
         step = 1.0;
     }

@@ -73,6 +73,9 @@ public:
     // Errors (messages 3000 and above) since the interpreter was made; never reset.
     int GetTotalErrors() const { return m_totalErrors; }
     int GetTotalWarnings() const { return m_totalWarnings; }
+    // A message of the reader's own words (severity 2 warning, 3 error), for what has no number in
+    // the table: a part of the language that this build does not carry out yet.
+    void ReaderMessage(int severity, const std::string& english, const std::string& norwegian);
     // Appends a text to the log of the command being read, if it has one.
     void Log(const std::string& text);
     std::string* GetLogText() const { return m_logText; }
@@ -128,8 +131,6 @@ private:
     void RegisterCoreHandlers();
     int Dispatch(int type, const std::string& word, std::string& rest, int showDialog);
     void RecalcDependencies();
-    // A message of the reader's own words, for faults that have no number in the table.
-    void ReaderMessage(int severity, const std::string& english, const std::string& norwegian);
 
     // The handlers of the reader's own commands.
     int Input(std::string& rest, int showDialog);

@@ -55,4 +55,22 @@ void CElement::AddWindArea(const double* values) {
     for (int i = 0; i < 9; ++i) SetWindArea(i, GetWindArea(i) + values[i]);
 }
 
+double CElement::CalcAxialForce() const {
+    double sum = 0.0;
+    for (const CAxial* a : AxialList) sum += a->GetAxialValue();
+    return sum;
+}
+
+double CElement::CalcMLMoment() const {
+    double sum = 0.0;
+    for (const CAxial* a : AxialList) sum += a->GetMLValue();
+    return sum;
+}
+
+double CElement::CalcMNMoment() const {
+    double sum = 0.0;
+    for (const CAxial* a : AxialList) sum += a->GetMNValue();
+    return sum;
+}
+
 } // namespace kelo

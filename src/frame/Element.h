@@ -84,6 +84,12 @@ public:
     double GetTransMatrix(int row, int col) const { return TransMatrix[row][col]; }
     void SetTransMatrix(int row, int col, double v) { TransMatrix[row][col] = v; }
 
+    // Sums over the axial list: the axial force (kN, compression negative) and the moments about
+    // L and N (kNm) that the geometric stiffness takes; 0 for an empty list.
+    double CalcAxialForce() const;
+    double CalcMLMoment() const;
+    double CalcMNMoment() const;
+
     KELO_FIELD(int, No, 0)
     KELO_FIELD(int, Type, 1)
     KELO_FIELD(int, LocAxisCode, 3)

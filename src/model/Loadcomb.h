@@ -74,6 +74,8 @@ public:
     KELO_FIELD(std::string, Name, "")
     KELO_FIELD(int, LimitState, 1)
     KELO_FIELD(int, CombMethod, 0)
+    KELO_FIELD(int, BucklDes, 0)
+    KELO_FIELD(int, BucklModel, 0)
 
 private:
     CLoadfactList Loadfacts;
@@ -83,7 +85,9 @@ private:
 class CSortCombLine : public CObject {
 public:
     CSortCombLine() = default;
+    CSortCombLine(int no, std::string name) : SortCombLineNo(no), Name(std::move(name)) {}
     int KeyNo() const { return SortCombLineNo; }
+    void AddElementNo(int no) { ElementNoArray.push_back(no); }
 
     KELO_FIELD(int, SortCombLineNo, 0)
     KELO_FIELD(std::string, Name, "")
@@ -91,6 +95,8 @@ public:
     KELO_FIELD(int, CalcCode, 0)
     KELO_ARRAY_FIELD(int, SortCombInterval, 3)
     KELO_FIELD(std::vector<int>, ElementNoArray, {})
+    KELO_FIELD(int, BucklDes, 0)
+    KELO_FIELD(int, BucklModel, 0)
 };
 
 // A combination of load cases whose sum creeps; its factors all have code 1.

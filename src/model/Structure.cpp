@@ -31,7 +31,7 @@ CStructure::CStructure(const CStructure& other)
       BucklingString(other.BucklingString), ProfileLibFile(other.ProfileLibFile),
       AppVersion(other.AppVersion), MaxDialogs(other.MaxDialogs), MsgOption(other.MsgOption),
       m_cmd(std::make_unique<CStructureCmd>(this, other.m_cmd->GetLanguage())),
-      m_resBase(std::make_unique<CMemResBase>(this)) {
+      m_resBase(std::make_unique<CMemResBase>(this)), m_engineFactory(other.m_engineFactory) {
     other.CopyASCIICommandList(*this);
     other.CopyRefLineList(*this);
     other.CopyElementList(*this);

@@ -18,6 +18,7 @@
 #include "geometry/RefLine.h"
 #include "geometry/Tendon.h"
 #include "model/Analysis.h"
+#include "model/AnalysisEngine.h"
 #include "model/CommandString.h"
 #include "model/Force.h"
 #include "model/FrameSectInput.h"
@@ -285,6 +286,15 @@ public:
     void SetProgressSink(ProgressSink* sink) { m_progress = sink ? sink : &m_silentProgress; }
     ProgressSink& GetProgressSink() const { return *m_progress; }
 
+    // ---- the solver of analysis and combination runs
+    void SetAnalysisEngineFactory(AnalysisEngineFactory factory) {
+        m_engineFactory = std::move(factory);
+    }
+    // The engine of one run; null when the project has none.
+    std::unique_ptr<CAnalysisEngine> MakeAnalysisEngine(CAnalysisRun& run) const {
+        return m_engineFactory ? m_engineFactory(run) : nullptr;
+    }
+
     // ---- the interpreter's settings, reached through the root
     int GetWarnLevel() const;
     void SetWarnLevel(int level);
@@ -330,6 +340,7 @@ private:
     std::unique_ptr<CStructureCmd> m_cmd;
     std::unique_ptr<CMemResBase> m_resBase;
     CKeloBase* m_database = nullptr;
+    AnalysisEngineFactory m_engineFactory = DefaultAnalysisEngineFactory();
 };
 
 #undef KELO_LIST_FAMILY
