@@ -109,6 +109,32 @@ TEST(BoxGirderExample, KeloReadsItWithoutMessages) {
     EXPECT_EQ(r.err, "");
 }
 
+TEST(BoxGirderExample, MaterialsAndSetsAsTypedTheRestByTheCode) {
+    ReadExample ex;
+    ASSERT_EQ(ex.result, 0);
+    const CConcrMatPar* c = ex.s.GetConcrMatParPtr(2);
+    ASSERT_NE(c, nullptr);
+    EXPECT_EQ(c->GetName(), "C45/55");
+    EXPECT_EQ(c->GetFcck(), 45000.0);
+    EXPECT_EQ(c->GetRho(), 2500.0);
+    EXPECT_EQ(c->GetAge(), 28.0);
+    EXPECT_EQ(ex.s.GetReinfMatParPtr(2)->GetFt(), 540000.0);
+    EXPECT_EQ(ex.s.GetPrestMatParPtr(2)->GetEpssu(), 0.02);
+    EXPECT_EQ(ex.s.GetConcrDesParPtr(2)->GetGammaULS(), 1.5);
+    // The cover is the ninth value; the crack values and strain limits come from the code.
+    const CReinfDesPar* r = ex.s.GetReinfDesParPtr(2);
+    EXPECT_EQ(r->GetCover(), 40.0);
+    EXPECT_EQ(r->GetSrmMax(), 135.0);
+    EXPECT_EQ(r->GetEpslim(1), 0.005);
+    EXPECT_EQ(ex.s.GetPrestDesParPtr(2)->GetCover(), 50.0);
+    EXPECT_EQ(ex.s.GetPrestDesParPtr(2)->GetKt(), 2.0);
+    // The creep factor is the fifteenth value; the slenderness limits are the code's.
+    const CSectDesPar* d = ex.s.GetSectDesParPtr(2);
+    EXPECT_EQ(d->GetCreepFactor(), 2.0);
+    EXPECT_EQ(d->GetKa(), 0.666);
+    EXPECT_EQ(d->GetLambdaNmax(), 45.0);
+}
+
 TEST(BoxGirderExample, KeySectionPropertiesByHand) {
     ReadExample ex;
     ASSERT_EQ(ex.result, 0);
