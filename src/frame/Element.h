@@ -5,6 +5,8 @@
 #include "platform/Object.h"
 
 #include <array>
+#include <memory>
+#include <string>
 #include <vector>
 
 namespace kelo {
@@ -12,6 +14,8 @@ namespace kelo {
 class CNode;
 class CKeySection;
 class CMember;
+class CStructure;
+class CLoad;
 
 // A point along an element where results are designed: position and the node whose
 // displacement belongs to it.
@@ -101,7 +105,15 @@ public:
     KELO_FIELD(CNode*, NodeNo2Ptr, nullptr)
     KELO_FIELD(CNode*, NodeNo3Ptr, nullptr)
     KELO_FIELD(int, SectionNo, 0)
-    KELO_FIELD(CKeySection*, SectionPtr, nullptr)
+public:
+    CKeySection* GetSectionPtr() const { return SectionPtr; }
+    // A spring section (MDEFSPR 20, MROTSPR 21, MSPRMTX 22) makes the element a spring of type 2, 3
+    // or 4; any other section leaves the type as it is.
+    void SetSectionPtr(CKeySection* section);
+
+private:
+    CKeySection* SectionPtr = nullptr;
+
     // Joint codes: up to six digits of 0 and 1, one per freedom, the highest first.
     KELO_FIELD(double, Joint1, 0.0)
     KELO_FIELD(double, Joint2, 0.0)
@@ -126,6 +138,67 @@ private:
     COwnedList<CDesignSection> DesignSectionList;
     COwnedList<CAxial> AxialList;
     COwnedList<CMass> MassList;
+
+    // ==== Analysis side: local axes, stiffness, end releases, element loads and the cached state
+    // of a run. Local freedoms, node 1 then node 2: translation along L, M (axial), N, rotation
+    // about L, M (torsion), N. Units m, kN, kNm; a section's Young's modulus in MPa.
+public:
+    // The cached section values, in this order: area A (m2), inertia IL, torsion constant IM,
+    // inertia IN (m4), Young's modulus E (MPa), Poisson's ratio, axial force N (kN, tension
+    // positive), notional size h0 (mm), relative humidity RH (%), fck (MPa).
+    static constexpr int kSectParams = 10;
+
+    // Node-to-node distance into Length; nothing while either end node is missing.
+    void CalcElementLength();
+    // Length and local axes; 0 when an end node is missing or the axes can't be had.
+    int CalcElementProp(CStructure* structure);
+    // Rows L, M, N of TransMatrix in global X, Y, Z, and Length, from the nodes and LocAxisCode:
+    // 2 and 4 by the angle Alpha (degrees), 1 through node 3, 3 through NDirCode, 5 through the
+    // line the element's column stands on. Entries of size 1e-5 or less are set to 0. Answers 1,
+    // or 0 for a missing node, code 1 without node 3, code 5 with node 3 or without a column
+    // line and its parent, an axis parallel to the N side point, no length, or another code.
+    int MakeTransMatrix(CStructure* structure);
+    // Stiffness in global axes into K. F is a load vector in local axes, condensed in place with
+    // the end releases; it may be null. anType 3 (creep) takes E / (0.85 PartCreep + 1);
+    // geomFlag 1 adds the geometric stiffness of the axial force. Answers 1, or 0 when the
+    // section values can't be had, Type is outside 0 to 4, or a beam has no length.
+    int MakeStiffMatrix(CStructure* structure, double K[12][12], double F[12], int anType,
+                        int geomFlag);
+    // Axes, stiffness and section values into the cache, then sets the update flag. Answers 1,
+    // or 0 with the reason formatted into errMsg when it is given.
+    int Update(CStructure* structure, int anType, int geomFlag, std::string* errMsg);
+    // Section area (m2) at xOverL, Young's modulus (MPa) and Poisson's ratio: from the cache
+    // while the update flag is set, else from the section, else from a section made on node 1's
+    // reference line. Nothing found: -1.0 for the area, 0.0 for the others.
+    double FindSectionArea(CStructure* structure, double xOverL);
+    double FindYoungsModulus(CStructure* structure);
+    double FindPoisson(CStructure* structure);
+
+    // While the update flag is set the section values and the axial force come from the cache.
+    int GetUpdateFlag() const { return UpdateFlag; }
+    void ClearUpdateFlag() { UpdateFlag = 0; }
+    // Puts kSectParams values into the cache and sets the update flag, as Update does.
+    void SetSectParamCache(const double* values);
+    double GetSectParamCache(int i) const;
+    // The stiffness (global axes) and the load slot (local axes) that Update left.
+    double GetStiffCache(int i, int j) const;
+    double GetLoadCache(int i) const;
+
+private:
+    // Section values from the cache while the update flag is set, else from the section
+    // look-up with the axial force summed over the axial list.
+    int ReadSectParam(CStructure* structure, double* values);
+    // A section of node 1's reference line at the station xOverL of the way to node 2's; null
+    // when there is none.
+    std::unique_ptr<CKeySection> SectionOnRefLine(CStructure* structure, double xOverL) const;
+    // Static condensation of the freedoms that Joint1 and Joint2 release, in local axes.
+    void ApplyEndReleases(double K[12][12], double F[12]) const;
+
+    int UpdateFlag = 0;
+    // CalcAxialForce keeps its sum here, so that a const element can still refresh it.
+    mutable std::array<double, kSectParams> SectParamCache{};
+    std::array<std::array<double, 12>, 12> StiffCache{};
+    std::array<double, 12> LoadCache{};
 };
 
 } // namespace kelo
