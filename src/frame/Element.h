@@ -6,7 +6,9 @@
 #include "platform/Object.h"
 
 #include <array>
+#include <memory>
 #include <optional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -16,6 +18,8 @@ class CNode;
 class CKeySection;
 class CStructure;
 class CMember;
+class CStructure;
+class CLoad;
 
 // A point along an element where results are designed: position and the node whose
 // displacement belongs to it.
@@ -152,7 +156,15 @@ public:
     KELO_FIELD(CNode*, NodeNo2Ptr, nullptr)
     KELO_FIELD(CNode*, NodeNo3Ptr, nullptr)
     KELO_FIELD(int, SectionNo, 0)
-    KELO_FIELD(CKeySection*, SectionPtr, nullptr)
+public:
+    CKeySection* GetSectionPtr() const { return SectionPtr; }
+    // A spring section (MDEFSPR 20, MROTSPR 21, MSPRMTX 22) makes the element a spring of type 2, 3
+    // or 4; any other section leaves the type as it is.
+    void SetSectionPtr(CKeySection* section);
+
+private:
+    CKeySection* SectionPtr = nullptr;
+
     // Joint codes: up to six digits of 0 and 1, one per freedom, the highest first.
     KELO_FIELD(double, Joint1, 0.0)
     KELO_FIELD(double, Joint2, 0.0)
@@ -177,6 +189,96 @@ private:
     COwnedList<CDesignSection> DesignSectionList;
     COwnedList<CAxial> AxialList;
     COwnedList<CMass> MassList;
+
+    // ==== Analysis side: local axes, stiffness, end releases, element loads and the cached state
+    // of a run. Local freedoms, node 1 then node 2: translation along L, M (axial), N, rotation
+    // about L, M (torsion), N. Units m, kN, kNm; a section's Young's modulus in MPa.
+public:
+    // The cached section values, in this order: area A (m2), inertia IL, torsion constant IM,
+    // inertia IN (m4), Young's modulus E (MPa), Poisson's ratio, axial force N (kN, tension
+    // positive), notional size h0 (mm), relative humidity RH (%), fck (MPa).
+    static constexpr int kSectParams = 10;
+
+    // Node-to-node distance into Length; nothing while either end node is missing.
+    void CalcElementLength();
+    // Length and local axes; 0 when an end node is missing or the axes can't be had.
+    int CalcElementProp(CStructure* structure);
+    // Rows L, M, N of TransMatrix in global X, Y, Z, and Length, from the nodes and LocAxisCode:
+    // 2 and 4 by the angle Alpha (degrees), 1 through node 3, 3 through NDirCode, 5 through the
+    // line the element's column stands on. Entries of size 1e-5 or less are set to 0. Answers 1,
+    // or 0 for a missing node, code 1 without node 3, code 5 with node 3 or without a column
+    // line and its parent, an axis parallel to the N side point, no length, or another code.
+    int MakeTransMatrix(CStructure* structure);
+    // Stiffness in global axes into K. F is a load vector in local axes, condensed in place with
+    // the end releases; it may be null. anType 3 (creep) takes E / (0.85 PartCreep + 1);
+    // geomFlag 1 adds the geometric stiffness of the axial force. Answers 1, or 0 when the
+    // section values can't be had, Type is outside 0 to 4, or a beam has no length.
+    int MakeStiffMatrix(CStructure* structure, double K[12][12], double F[12], int anType,
+                        int geomFlag);
+    // Axes, stiffness and section values into the cache, then sets the update flag. Answers 1,
+    // or 0 with the reason formatted into errMsg when it is given.
+    int Update(CStructure* structure, int anType, int geomFlag, std::string* errMsg);
+    // Section area (m2) at xOverL, Young's modulus (MPa) and Poisson's ratio: from the cache
+    // while the update flag is set, else from the section, else from a section made on node 1's
+    // reference line. Nothing found: -1.0 for the area, 0.0 for the others.
+    double FindSectionArea(CStructure* structure, double xOverL);
+    double FindYoungsModulus(CStructure* structure);
+    double FindPoisson(CStructure* structure);
+
+    // While the update flag is set the section values and the axial force come from the cache.
+    int GetUpdateFlag() const { return UpdateFlag; }
+    void ClearUpdateFlag() { UpdateFlag = 0; }
+    // Puts kSectParams values into the cache and sets the update flag, as Update does.
+    void SetSectParamCache(const double* values);
+    double GetSectParamCache(int i) const;
+    // The stiffness (global axes) and the load slot (local axes) that Update left.
+    double GetStiffCache(int i, int j) const;
+    double GetLoadCache(int i) const;
+
+    // Restraint forces of one load on the element, forces opposing the load. xOverL -1000.0
+    // gives the end forces, a position 0 to 1 the load's contribution to the section forces
+    // there. mode 2: releases applied, global axes (assembly); 1: releases applied, local axes;
+    // 3: the section contribution, local axes. Answers 1, or 0 when the load can't be worked out.
+    int FixedEndForces(CStructure* structure, CLoad* load, double F[12], double xOverL, int mode,
+                       int anType);
+    // The formula of one load type: A, B, C, D are load values in the order the type reads them
+    // and vec the six-vector of force and moment intensities in local axes. x at or under 0
+    // gives the end forces, above 0 the section contribution at x (m) from node 1. Answers 1,
+    // or 0 for an unknown type or a tendon that can't be found.
+    int FixType(CStructure* structure, int type, double A, double B, double C, double D,
+                const double* vec, double F[12], double x);
+    // A force d[0..2] and a moment d[3..5] (local axes) at a (m) from node 1. For x above 0 the
+    // contribution to the section at x, which flag 1 suppresses, answering 1; for x at or
+    // under 0 the end forces, answering 0.
+    int PointLoad(const double d[6], double a, double F[12], double x, int flag);
+    // The loads of a tendon along the element from its rows of (position, force, y, z), y along
+    // L and z along N (m), the rows evenly spaced over the length; each force is multiplied by
+    // the number of tendons. Answers 1.
+    int TendonLoads(const double (*rows)[6], int count, int noOfTendons, double F[12], double x,
+                    int flag);
+    // Lumped masses (tons) of a mass record at the translations (or, for type 5, rotations) of
+    // the two nodes, in global axes. Answers 1, or 0 for an unknown mass type or no length.
+    int FixedEndMass(CStructure* structure, CMass* mass, double m[12], int mode, int anType);
+    // Wind speed (m/s) of a wind load at xOverL, height taken between the node Z coordinates.
+    double CalcWindSpeed(double xOverL, CLoad* load) const;
+    // The wind area values: N direction W[0..4], L direction W[5..9].
+    void CalcWindArea(double W[10]) const;
+
+private:
+    // Section values from the cache while the update flag is set, else from the section
+    // look-up with the axial force summed over the axial list.
+    int ReadSectParam(CStructure* structure, double* values);
+    // A section of node 1's reference line at the station xOverL of the way to node 2's; null
+    // when there is none.
+    std::unique_ptr<CKeySection> SectionOnRefLine(CStructure* structure, double xOverL) const;
+    // Static condensation of the freedoms that Joint1 and Joint2 release, in local axes.
+    void ApplyEndReleases(double K[12][12], double F[12]) const;
+
+    int UpdateFlag = 0;
+    // CalcAxialForce keeps its sum here, so that a const element can still refresh it.
+    mutable std::array<double, kSectParams> SectParamCache{};
+    std::array<std::array<double, 12>, 12> StiffCache{};
+    std::array<double, 12> LoadCache{};
 };
 
 } // namespace kelo
