@@ -509,28 +509,8 @@ int CCombServer::SplitSortComb(const CSortComb* comb, std::vector<CLoadfact>* ou
     const bool maxRow = row < 6;
     const int method = comb->GetCombMethod();
 
-    // The value of component i in one row of a line, as the combination read it.
-    auto value = [&](const CLoadfact& lf, int r) {
-        switch (lf.GetCode()) {
-        case 1:
-        case 2:
-            return GetResult(lf.GetCode(), i, lf.GetNo(), elementNo, xOverL);
-        case 3:
-            return GetResult(kLoadcase, i, lf.GetNo() + r, elementNo, xOverL);
-        case 4:
-            return GetResult(kSortCombRow0 + r, i, lf.GetNo(), elementNo, xOverL);
-        default:
-            return 0.0;
-        }
-    };
-    // The two rows of a line that the S-methods choose between, at component i.
-    auto pair = [&](const CLoadfact& lf) {
-        Rows r{};
-        r[i][i] = value(lf, i);
-        r[i + 6][i] = value(lf, i + 6);
-        return r;
-    };
-
+    // Lines are read as the combination read them: a line that was not found in full did not
+    // count there, and has no part in the row.
     const auto& lines = comb->GetLoadfacts().GetList();
     int count = 0;
     if (method == WORST || method == SWORST) {
@@ -538,19 +518,22 @@ int CCombServer::SplitSortComb(const CSortComb* comb, std::vector<CLoadfact>* ou
         const CLoadfact* best = nullptr;
         int bestRow = row;
         double bestFact = 0.0;
+        // WORST: the governing value of the row so far; SWORST: C[i][i] and C[i + 6][i].
+        double cur = maxRow ? -kHuge : kHuge;
         double cMax = -kHuge, cMin = kHuge;
         bool first = true;
         for (const CLoadfact* lf : lines) {
+            Rows r{};
+            const bool counted = ReadForceLine(*lf, elementNo, xOverL, r);
             const double f = lf->GetFact();
-            if (method == WORST) {
-                const double v = f * value(*lf, row);
-                if (first || (maxRow ? v >= cMax : v < cMax)) {
-                    cMax = v;
+            if (counted && method == WORST) {
+                const double v = f * r[row][i];
+                if (first || (maxRow ? v >= cur : v < cur)) {
+                    cur = v;
                     best = lf;
                     bestFact = f;
                 }
-            } else {
-                const Rows r = pair(*lf);
+            } else if (counted) {
                 const double a = std::fabs(f * r[i][i]);
                 const double b = std::fabs(f * r[i + 6][i]);
                 int s = -1;
@@ -581,14 +564,16 @@ int CCombServer::SplitSortComb(const CSortComb* comb, std::vector<CLoadfact>* ou
         return count;
     }
     for (const CLoadfact* lf : lines) {
+        Rows r{};
+        if (!ReadForceLine(*lf, elementNo, xOverL, r)) continue;
         const double f = lf->GetFact();
         if (method == ADDIF) {
-            const double v = f * value(*lf, row);
+            const double v = f * r[row][i];
             if (maxRow ? v > 0.0 : v < 0.0)
                 count += SplitLine(*lf, row, factor * f, out, elementNo, xOverL, depth);
         } else if (IsSMethod(method)) {
             bool negative = false;
-            const int s = CSortCombiner::ChooseRow(f, pair(*lf), i, negative);
+            const int s = CSortCombiner::ChooseRow(f, r, i, negative);
             double fact = f;
             if (method == SADDIF) fact = (negative == maxRow ? -1.0 : 1.0) * f;
             count += SplitLine(*lf, s, factor * fact, out, elementNo, xOverL, depth);

@@ -378,6 +378,13 @@ TEST(CombServer, SplitGivesTheLoadCasesBehindARow) {
     EXPECT_EQ((V{{2, 2.0}}), split(CCombServer::WORST, 1));
     EXPECT_EQ((V{{2, 2.0}}), split(CCombServer::WORST, 6));
     EXPECT_EQ((V{{1, 1.0}}), split(CCombServer::WORST, 8));
+    // A line without results counted nowhere: the minimum PN tie goes to case 1, not case 9.
+    p.s.EmptySortCombList();
+    std::vector<CLoadfact> pairs;
+    server.SplitSortComb(p.Sort(1, CCombServer::WORST, {{9, 1, 1.0}, {1, 1, 1.0}, {3, 1, 1.0}}),
+                         &pairs, 1.0, 8, 1, 0.5);
+    ASSERT_EQ(1u, pairs.size());
+    EXPECT_EQ(1, pairs[0].GetNo());
     // SWORST max ML is case 2 turned (-2), its mirror row case 2 as it is.
     EXPECT_EQ((V{{2, -2.0}}), split(CCombServer::SWORST, 3));
     EXPECT_EQ((V{{2, 2.0}}), split(CCombServer::SWORST, 9));
