@@ -7,6 +7,7 @@
 #include "model/Structure.h"
 #include "platform/Text.h"
 #include "platform/TextFile.h"
+#include "report/ListServer.h"
 #include "store/MemResBase.h"
 
 #include <algorithm>
@@ -1743,16 +1744,25 @@ int CLoadCmd::Output(std::string& rest, int showDialog) {
         m_cmd.Message(3700, showDialog, 0, 0.0, &name);
         return -2;
     }
-    // The file is made or opened for appending as asked; the listings that fill it are not part
-    // of this build, and the reader says so.
     const int kind = Int(v[0]);
-    m_cmd.ReaderMessage(
-        2,
-        Format("Listings of OUTPUT %i are not available yet: nothing written to %s!", kind,
-               path.c_str()),
-        Format("Utskrifter fra OUTPUT %i er ikke tilgjengelige ennå: ingenting skrevet til %s!",
-               kind, path.c_str()));
-    return -1;
+    std::string listing;
+    if (kind == 1) {
+        CListServer server(&S());
+        server.SetType(1);
+        server.SetInterval(Int(v[3]), Int(v[4]), Int(v[5]));
+        server.MakeListing(Int(v[2]), listing);
+    }
+    if (listing.empty()) {
+        m_cmd.ReaderMessage(
+            2,
+            Format("Listings of OUTPUT %i are not available yet: nothing written to %s!", kind,
+                   path.c_str()),
+            Format("Utskrifter fra OUTPUT %i er ikke tilgjengelige ennå: ingenting skrevet til %s!",
+                   kind, path.c_str()));
+        return -1;
+    }
+    file.Write(listing);
+    return check;
 }
 
 } // namespace kelo
