@@ -7,6 +7,7 @@
 #include "model/Structure.h"
 #include "platform/Text.h"
 #include "platform/TextFile.h"
+#include "report/FrameResOrder.h"
 #include "report/ListServer.h"
 #include "store/MemResBase.h"
 
@@ -1751,6 +1752,20 @@ int CLoadCmd::Output(std::string& rest, int showDialog) {
         server.SetType(1);
         server.SetInterval(Int(v[3]), Int(v[4]), Int(v[5]));
         server.MakeListing(Int(v[2]), listing);
+    } else if (kind == 2) {
+        // Item, family, leading, sort and sort component, then the numbers of the items and of
+        // the cases, each a first and a last; a first of 0 takes them all.
+        CFrameResOrder order;
+        order.Item = Int(v[2]);
+        order.Load = Int(v[3]) < 0 ? 0 : Int(v[3]);
+        order.Leading = Int(v[4]);
+        order.Sort = Int(v[5]);
+        order.SortComp = Int(v[6]);
+        order.AddItemInterval(Int(v[7]) == 0 ? -1 : Int(v[7]), Int(v[8]));
+        order.AddLoadInterval(Int(v[9]) == 0 ? -1 : Int(v[9]), Int(v[10]));
+        std::vector<std::string> pieces;
+        if (order.MakeListingFromResOrder(&S(), pieces))
+            for (const std::string& piece : pieces) listing += piece;
     }
     if (listing.empty()) {
         m_cmd.ReaderMessage(
