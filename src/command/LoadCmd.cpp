@@ -7,6 +7,8 @@
 #include "model/Structure.h"
 #include "platform/Text.h"
 #include "platform/TextFile.h"
+#include "report/FrameResOrder.h"
+#include "report/ListServer.h"
 #include "store/MemResBase.h"
 
 #include <algorithm>
@@ -1743,16 +1745,39 @@ int CLoadCmd::Output(std::string& rest, int showDialog) {
         m_cmd.Message(3700, showDialog, 0, 0.0, &name);
         return -2;
     }
-    // The file is made or opened for appending as asked; the listings that fill it are not part
-    // of this build, and the reader says so.
     const int kind = Int(v[0]);
-    m_cmd.ReaderMessage(
-        2,
-        Format("Listings of OUTPUT %i are not available yet: nothing written to %s!", kind,
-               path.c_str()),
-        Format("Utskrifter fra OUTPUT %i er ikke tilgjengelige ennå: ingenting skrevet til %s!",
-               kind, path.c_str()));
-    return -1;
+    std::string listing;
+    if (kind == 1) {
+        CListServer server(&S());
+        server.SetType(1);
+        server.SetInterval(Int(v[3]), Int(v[4]), Int(v[5]));
+        server.MakeListing(Int(v[2]), listing);
+    } else if (kind == 2) {
+        // Item, family, leading, sort and sort component, then the numbers of the items and of
+        // the cases, each a first and a last; a first of 0 takes them all.
+        CFrameResOrder order;
+        order.Item = Int(v[2]);
+        order.Load = Int(v[3]) < 0 ? 0 : Int(v[3]);
+        order.Leading = Int(v[4]);
+        order.Sort = Int(v[5]);
+        order.SortComp = Int(v[6]);
+        order.AddItemInterval(Int(v[7]) == 0 ? -1 : Int(v[7]), Int(v[8]));
+        order.AddLoadInterval(Int(v[9]) == 0 ? -1 : Int(v[9]), Int(v[10]));
+        std::vector<std::string> pieces;
+        if (order.MakeListingFromResOrder(&S(), pieces))
+            for (const std::string& piece : pieces) listing += piece;
+    }
+    if (listing.empty()) {
+        m_cmd.ReaderMessage(
+            2,
+            Format("Listings of OUTPUT %i are not available yet: nothing written to %s!", kind,
+                   path.c_str()),
+            Format("Utskrifter fra OUTPUT %i er ikke tilgjengelige ennå: ingenting skrevet til %s!",
+                   kind, path.c_str()));
+        return -1;
+    }
+    file.Write(listing);
+    return check;
 }
 
 } // namespace kelo
