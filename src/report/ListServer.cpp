@@ -1113,11 +1113,14 @@ int CListServer::MakeNodeAsciiListing(std::string& out) const {
 
 int CListServer::MakeElemStiffAsciiListing(std::string& out) const {
     // The frame sections as they were given: number, type, modulus, Poisson's ratio and the four
-    // dimensions of the type.
-    for (const CFrameSectInput* f : *Structure->GetFrameSectInputList())
-        out += Format("SECTINS, %d, %d, %.1lf, %.3lf, %.6lf, %.6lf, %.6lf, %.6lf\r\n", f->GetNo(),
-                      f->GetType(), f->GetYoungsModulus(), f->GetPoisson(), f->GetDimension(0),
-                      f->GetDimension(1), f->GetDimension(2), f->GetDimension(3));
+    // dimensions of the type. They are the key sections of line 0.
+    const CRefLine* line0 = Structure->GetRefLinePtr(0);
+    if (!line0) return 1;
+    for (const CKeySection* k : line0->GetKeySectionList()) {
+        const double* d = k->GetParamArray();
+        out += Format("SECTINS, %d, %d, %.1lf, %.3lf, %.6lf, %.6lf, %.6lf, %.6lf\r\n", k->GetNo(),
+                      k->GetType(), k->GetYoungsModulus(), k->GetPoisson(), d[0], d[1], d[2], d[3]);
+    }
     return 1;
 }
 
