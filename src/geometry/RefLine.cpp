@@ -411,6 +411,8 @@ std::unique_ptr<CKeySection> CRefLine::CreateSectionAt(double station, CKeySecti
         next = KeySectionList.At(i);
         break;
     }
+    // The laws of the points reach over to the next section of this line.
+    from->SetRefLineNo(No);
     from->CalcParaFactors(next);
     auto section = std::make_unique<CKeySection>(*from);
     section->SetRefLineNo(No);
