@@ -206,9 +206,10 @@ void CFrameCmd::SetElementSection(CElement& element, int sectionNo) const {
     CStructure& s = Structure();
     element.SetSectionNo(sectionNo);
     const CRefLine* line0 = s.GetRefLinePtr(0);
-    element.SetSectionPtr(line0 ? line0->GetKeySectionPtr(sectionNo) : nullptr);
-    if (const CFrameSectInput* input = s.GetFrameSectInputPtr(sectionNo)) {
-        switch (input->GetType()) {
+    CKeySection* section = line0 ? line0->GetKeySectionPtr(sectionNo) : nullptr;
+    element.SetSectionPtr(section);
+    if (section) {
+        switch (section->GetType()) {
         case 20:
             element.SetType(2);
             break;
@@ -271,14 +272,16 @@ int CFrameCmd::Node(std::string& rest, int showDialog) {
 void CFrameCmd::NodesAlongLine(const double* range, CRefLine& line, double s1, double s2) {
     CStructure& s = Structure();
     const double spacing = StationSpacing(range, s1, s2);
+    const SectionEnv env = SectionEnv::OfProject(&s, line.GetNo());
     bool replaced = false;
     ForRange(range, [&](int no, int k) {
         const double station = s1 + k * spacing;
         double point[3] = {0.0, 0.0, 0.0};
         double offset[3] = {0.0, 0.0, 0.0};
         line.CalcCoordByStation(station, point);
-        // Without the properties of the line's sections the offset to their centre stays zero.
-        line.CalcRefLineToCoGByStation(station, offset, nullptr);
+        // The node goes to the centre of gravity of the section there; the end of the file
+        // places it again once all sections are known.
+        line.CalcRefLineToCoGByStation(station, offset, line.SectionCoGOf(&env));
         auto node = std::make_unique<CNode>(no, point[0] + offset[0], point[1] + offset[1],
                                             point[2] + offset[2]);
         node->SetStationNo(station);
@@ -661,9 +664,18 @@ int CFrameCmd::Geomsect(std::string& rest, int showDialog) {
     if (check < -1) return check;
     CStructure& s = Structure();
     const int no = ToInt(v[0]);
-    // A frame section stands on line 0 at the station of its number, with no material.
-    Line0()->AddKeySection(std::make_unique<CKeySection>(no, NameOf(text), no));
-    s.AddFrameSectInput(std::make_unique<CFrameSectInput>(no, ToInt(v[1]), v[2], v[3], &v[4]));
+    // A frame section stands on line 0 at the station of its number, with no material: its
+    // stiffness is its own modulus times the properties of its dimensions.
+    auto section = std::make_unique<CKeySection>(no, NameOf(text), no);
+    section->SetType(ToInt(v[1]));
+    section->SetOriginalType(ToInt(v[1]));
+    section->SetMatType(0);
+    section->SetYoungsModulus(v[2]);
+    section->SetPoisson(v[3]);
+    double dims[CKeySection::kSpecParams] = {v[4], v[5], v[6], v[7]};
+    section->SetParam(dims);
+    section->CalcSectionProp(0);
+    Line0()->AddKeySection(std::move(section));
     // Elements of a section given anew point at the new one and take its kind.
     for (CElement* e : *s.GetElementList())
         if (e->GetSectionNo() == no) SetElementSection(*e, no);
@@ -772,8 +784,9 @@ int CFrameCmd::Dessect(std::string& rest, int showDialog) {
         std::vector<double> positions{v[3]};
         for (int i = 4; i < 6; ++i)
             if (v[i] != 0.0) positions.push_back(v[i]);
-        const CFrameSectInput* section = s.GetFrameSectInputPtr(e->GetSectionNo());
-        if (section && section->IsSpring()) positions.push_back(0.0);
+        const CKeySection* section = s.GetKeySectionPtr(0, e->GetSectionNo());
+        if (section && section->GetType() >= 20 && section->GetType() <= 22)
+            positions.push_back(0.0);
         e->UpdateSectionList(positions);
     });
     m_cmd.AddChange(kCidAllDesignSect, nullptr, kWrite);

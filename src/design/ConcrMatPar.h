@@ -86,6 +86,9 @@ public:
     void SetPoissonRatio(double v) { PoissonRatio = v; }
     int GetLwa() const { return Lwa; }
     void SetLwa(int v) { Lwa = v; }
+    // Age (days) kept with the record for the material command.
+    double GetAge() const { return Age; }
+    void SetAge(double v) { Age = v; }
 
     // The modulus for stiffness: the stored one when given, else `Ecn`.
     double GetYoungsModulus() const { return YoungsModulus > 0.0 ? YoungsModulus : Ecn; }

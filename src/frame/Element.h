@@ -1,20 +1,23 @@
 #pragma once
 
+#include "frame/ElementSectParam.h"
 #include "platform/Field.h"
 #include "platform/ObList.h"
 #include "platform/Object.h"
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kelo {
 
 class CNode;
 class CKeySection;
-class CMember;
 class CStructure;
+class CMember;
 class CLoad;
 
 // A point along an element where results are designed: position and the node whose
@@ -84,6 +87,53 @@ public:
     // Adds the nine values of one more wind area to the element's sums.
     void AddWindArea(const double* values);
 
+    // ---- The element's section (see ElementSectParam.h)
+    // The reference line and the stations of the element's ends that its section is made at.
+    // Both nodes on one line: that line and their stations. On two lines: the line the element
+    // runs along (its direction within 0.05 of the line's), measured out from the node on it by
+    // the element's length. viaSection 1 when the element's own section on line 0 serves.
+    // Answers 1, or 0 for an element without both nodes or of a negative number.
+    int FindReflineConnection(CStructure* structure, int* refLineNo, double* station1,
+                              double* station2, int* viaSection) const {
+        return CElementSectParam::FindReflineConnection(*this, structure, refLineNo, station1,
+                                                        station2, viaSection);
+    }
+    // A, IL, IM, IN (m², m⁴), E, G (MPa), ν, and where asked h0 (mm), RH (%), fck (MPa): values
+    // given to the element if it holds any, else those of its own section, else the means of the
+    // sections made on its line at its two ends. Answers 1, or 0 when there is no section.
+    int CalcElementSectParam(CStructure* structure, double* a, double* il, double* im, double* in,
+                             double* e, double* poisson, double* g, double* h0 = nullptr,
+                             double* rh = nullptr, double* fck = nullptr) const {
+        CElementSectParam v;
+        if (!CalcElementSectParam(structure, v)) return 0;
+        for (auto [out, value] : {std::pair{a, v.GetA()},
+                                  {il, v.GetIL()},
+                                  {im, v.GetIM()},
+                                  {in, v.GetIN()},
+                                  {e, v.GetYoungsModulus()},
+                                  {poisson, v.GetPoisson()},
+                                  {g, v.GetShearModulus()},
+                                  {h0, v.GetH0()},
+                                  {rh, v.GetRH()},
+                                  {fck, v.GetFck()}})
+            if (out) *out = value;
+        return 1;
+    }
+    int CalcElementSectParam(CStructure* structure, CElementSectParam& out) const {
+        return CElementSectParam::Calc(*this, structure, out);
+    }
+    // Section values given to the element directly, which take the place of its section's. A
+    // copy of the element does not take them over.
+    const CElementSectParam* GetOwnSectParam() const {
+        return OwnSectParam ? &*OwnSectParam : nullptr;
+    }
+    void SetOwnSectParam(const CElementSectParam& values) { OwnSectParam = values; }
+    void ClearOwnSectParam() { OwnSectParam.reset(); }
+
+private:
+    std::optional<CElementSectParam> OwnSectParam;
+
+public:
     // Local axes in rows L, M, N against global X, Y, Z.
     double GetTransMatrix(int row, int col) const { return TransMatrix[row][col]; }
     void SetTransMatrix(int row, int col, double v) { TransMatrix[row][col] = v; }

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <numbers>
 #include <utility>
+#include <vector>
 
 namespace kelo {
 
@@ -18,6 +19,13 @@ constexpr double kSameStation = 1e-5;
 constexpr double kLabelStep = 0.1;
 
 void Zero3(double* v) { v[0] = v[1] = v[2] = 0.0; }
+
+// A station within this of a key section is that section (m).
+constexpr double kOnSection = 0.001;
+// Spacing of temporary sections along a line (m).
+constexpr double kTempSpacing = 5.0;
+// Colour of the polylines of an interpolated section in drawings.
+constexpr int kInterpolatedColor = 8;
 } // namespace
 
 CRefLine::CRefLine() = default;
@@ -366,6 +374,160 @@ double CRefLine::FindRefLineDirection(double station, const ViewProjection& toVi
         toView(p, vb);
     }
     return std::atan2(vb[1] - va[1], vb[0] - va[0]);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Sections along the line
+
+std::unique_ptr<CKeySection> CRefLine::CreateSectionAt(double station, CKeySection* from,
+                                                       int updateMode, const SectionEnv* env) {
+    SectionEnv own = env ? *env : SectionEnv{};
+    own.RefLine = this;
+    MessageSink* sink = own.Sink;
+    auto tell = [sink](const std::string& text) {
+        if (sink) sink->Show(MsgKind::Error, text);
+    };
+
+    if (No == 0) {
+        const CKeySection* section = GetKeySectionPtr(station);
+        return section ? std::make_unique<CKeySection>(*section) : nullptr;
+    }
+    // The section in force: the last key section at or before the station. Temporary sections
+    // are passed over, here and as the neighbour: a section is interpolated between key
+    // sections only.
+    if (!from) {
+        for (CKeySection* section : KeySectionList) {
+            if (section->GetTemporaryFlag()) continue;
+            if (section->GetStationNo() > station) break;
+            from = section;
+        }
+        if (!from) return nullptr;
+    }
+    const int pos = KeySectionList.IndexOf(from);
+    if (pos < 0) return nullptr;
+    CKeySection* next = from;
+    for (std::size_t i = static_cast<std::size_t>(pos) + 1; i < KeySectionList.GetCount(); ++i) {
+        if (KeySectionList.At(i)->GetTemporaryFlag()) continue;
+        next = KeySectionList.At(i);
+        break;
+    }
+    from->CalcParaFactors(next);
+    auto section = std::make_unique<CKeySection>(*from);
+    section->SetRefLineNo(No);
+
+    const double d = station - from->GetStationNo();
+    if (std::fabs(d) < kOnSection) {
+        section->UpdateKeySection(updateMode, &own);
+        return section;
+    }
+    const double l = next->GetStationNo() - from->GetStationNo();
+    const double t = std::fabs(l) < kSameStation ? 1.0 : d / l;
+    section->SetStationNo(station);
+
+    if (from->GetSectPointList().GetCount() != next->GetSectPointList().GetCount()) {
+        std::string text = "Creating cross section failed!\r\nUnable to interpolate between:\r\n";
+        for (const CKeySection* k : {from, next})
+            text += Format("Refline: %i station: %12.3f, %i section points.\r\n", No,
+                           k->GetStationNo(), static_cast<int>(k->GetSectPointList().GetCount()));
+        tell(text);
+        return nullptr;
+    }
+    // Each point takes its offsets at the distance d by its own laws, whose factors towards the
+    // next section were set above; the copy is then resolved at its own station.
+    auto vary = [d, sink](CSectPoint& p) {
+        if (p.IsRadius()) {
+            p.SetDeltaR(p.GetDeltaR(d, sink));
+        } else {
+            const double dx = p.GetDeltaX(d, sink), dy = p.GetDeltaY(d, sink);
+            p.SetDeltaX(dx);
+            p.SetDeltaY(dy);
+        }
+    };
+    for (CPolyLine* line : section->GetPolyLineList()) {
+        line->SetColor(kInterpolatedColor);
+        for (const auto& p : line->GetSectPointList()) vary(*p);
+    }
+    for (const auto& p : section->GetSectPointList()) vary(*p);
+
+    if (section->GetType() != 13) {
+        for (int i = 0; i < CKeySection::kSpecParams; ++i) {
+            const double a = from->GetSpecParam(i), b = next->GetSpecParam(i);
+            section->SetSpecParam(i, a + (b - a) * t);
+        }
+    }
+    const bool byOffset = from->GetConnectType() <= 2 && next->GetConnectType() <= 2;
+    const bool byPoint = from->GetConnectType() >= 3 && next->GetConnectType() >= 3;
+    if (byOffset || byPoint) {
+        section->SetDeltaX(from->GetDeltaX() + (next->GetDeltaX() - from->GetDeltaX()) * t);
+        section->SetDeltaY(from->GetDeltaY() + (next->GetDeltaY() - from->GetDeltaY()) * t);
+    }
+    if (!section->UpdateKeySection(updateMode, &own)) tell("Creating cross section failed!");
+    return section;
+}
+
+int CRefLine::CreateTempSections(CKeySection* from, CKeySection* to, const SectionEnv* env) {
+    if (No == 0 || KeySectionList.IsEmpty()) return 1;
+    SectionEnv own = env ? *env : SectionEnv{};
+    own.RefLine = this;
+    // Sections are put between a and the station `end`, each from a, and inserted in station
+    // order among the others.
+    auto fill = [&](CKeySection* a, double end) {
+        const double length = end - a->GetStationNo();
+        const int n = static_cast<int>(length / kTempSpacing);
+        if (n <= 0) return;
+        const double step = length / n;
+        for (int i = 1; i < n; ++i) {
+            auto section = CreateSectionAt(a->GetStationNo() + i * step, a, 2, &own);
+            if (!section) continue;
+            section->SetTemporaryFlag(1);
+            section->Update(1, 1, 1, 1, &own);
+            KeySectionList.Add(std::move(section));
+        }
+    };
+    if (!from && !to) {
+        std::vector<CKeySection*> keys;
+        for (CKeySection* section : KeySectionList)
+            if (!section->GetTemporaryFlag()) keys.push_back(section);
+        for (std::size_t i = 0; i + 1 < keys.size(); ++i)
+            fill(keys[i], keys[i + 1]->GetStationNo());
+        return 1;
+    }
+    if (!from) from = KeySectionList.First();
+    if (KeySectionList.IndexOf(from) < 0) return 0;
+    fill(from, to ? to->GetStationNo() : GetStationEnd());
+    return 1;
+}
+
+void CRefLine::DeleteTempSections(const CKeySection* section) {
+    if (!section) {
+        std::vector<const CKeySection*> temporary;
+        for (const CKeySection* s : KeySectionList)
+            if (s->GetTemporaryFlag()) temporary.push_back(s);
+        for (const CKeySection* s : temporary) KeySectionList.Remove(s);
+        return;
+    }
+    const int pos = KeySectionList.IndexOf(section);
+    if (pos < 0) return;
+    std::vector<const CKeySection*> temporary;
+    for (int i = pos - 1;
+         i >= 0 && KeySectionList.At(static_cast<std::size_t>(i))->GetTemporaryFlag(); --i)
+        temporary.push_back(KeySectionList.At(static_cast<std::size_t>(i)));
+    for (std::size_t i = static_cast<std::size_t>(pos) + 1;
+         i < KeySectionList.GetCount() && KeySectionList.At(i)->GetTemporaryFlag(); ++i)
+        temporary.push_back(KeySectionList.At(i));
+    for (const CKeySection* s : temporary) KeySectionList.Remove(s);
+}
+
+CRefLine::SectionCoG CRefLine::SectionCoGOf(const SectionEnv* env) {
+    SectionEnv own = env ? *env : SectionEnv{};
+    return [this, own](double station, double* dydz) {
+        const std::unique_ptr<CKeySection> section = CreateSectionAt(station, nullptr, 4, &own);
+        double toCoG[2] = {0.0, 0.0};
+        if (!section || !section->CalcDistRefLineToCoG(toCoG)) return 0;
+        dydz[0] = toCoG[0];
+        dydz[1] = toCoG[1];
+        return 1;
+    };
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -73,6 +73,33 @@ public:
     int CalcRefLineToCoGByStation(double station, double* const offset,
                                   const SectionCoG& sectionCoG);
 
+    // --- Sections along the line ---
+    // The section at a station, interpolated between the key section `from` (by default the last
+    // one at or before the station that is not temporary) and the one after it: the points by
+    // the laws of their offsets, the dimensions of a standard section and the offset from the
+    // line linearly. Brought up to date by UpdateKeySection(updateMode): 0 in full, 2 without
+    // tendon groups, 3 only the points of a generated type, 4 geometry and properties for a
+    // query. On line 0, which is no geometric line, the key section at the station is copied. Null
+    // ahead of the first key section, for a missing section on line 0, and when the two key
+    // sections have different numbers of outer points (the sink is told). env gives the project's
+    // materials and message sink; the line itself is always this one. The caller owns the result.
+    std::unique_ptr<CKeySection> CreateSectionAt(double station, CKeySection* from, int updateMode,
+                                                 const SectionEnv* env = nullptr);
+    std::unique_ptr<CKeySection> CreateKeySection(double station, int updateMode,
+                                                  const SectionEnv* env = nullptr) {
+        return CreateSectionAt(station, nullptr, updateMode, env);
+    }
+    // Puts temporary sections (TemporaryFlag 1) every 5 m or so between the key sections: with
+    // both null between all neighbours, else from `from` (null: the first key section) to `to`
+    // (null: the end of the line). Answers 1, or 0 when `from` is not a section of this line.
+    int CreateTempSections(CKeySection* from, CKeySection* to, const SectionEnv* env = nullptr);
+    // With null all temporary sections go; with a section the temporary ones next to it, back
+    // and forth up to the first key section each way.
+    void DeleteTempSections(const CKeySection* section);
+    // The offset from the line to the centre of gravity of the section at a station, as
+    // CalcRefLineToCoGByStation asks for it, from the sections of this line.
+    SectionCoG SectionCoGOf(const SectionEnv* env = nullptr);
+
     // --- Keeping the geometry up to date ---
     // Carries each chained segment's start over from the segment before and calculates it.
     int RecalcChainedHorSegments();

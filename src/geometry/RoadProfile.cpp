@@ -1,5 +1,7 @@
 #include "geometry/RoadProfile.h"
 
+#include "geometry/RefLine.h"
+
 #include <algorithm>
 #include <cmath>
 #include <memory>
@@ -29,6 +31,9 @@ CRoadProfile& CRoadProfile::operator=(const CRoadProfile& other) {
     std::copy(other.ProfLeft, other.ProfLeft + kValues, ProfLeft);
     std::copy(other.ProfLeft, other.ProfLeft + kValues, ProfRight);
     PolyLine = other.PolyLine;
+    std::copy(other.Origin, other.Origin + 3, Origin);
+    for (int r = 0; r < 3; ++r)
+        std::copy(other.TransMatrix[r], other.TransMatrix[r] + 3, TransMatrix[r]);
     return *this;
 }
 
@@ -163,6 +168,43 @@ int CRoadProfile::CalcProfValuesFromRoadPoints(const std::vector<CSectPoint>& po
         }
     }
     return GenerateRoadPoints() ? 1 : 0;
+}
+
+int CRoadProfile::Update(CRefLine* line, const CObList<CRefLine>* lines) {
+    Empty();
+    GenerateRoadPoints();
+    if (!line) return 1;
+    double origin[3], xAxis[3], yAxis[3];
+    if (!line->CalcCoordAndDirByStation(StationNo, origin, xAxis, yAxis, lines)) return 0;
+    return CalcGlobCoord(origin, xAxis, yAxis);
+}
+
+int CRoadProfile::CalcGlobCoord(const double* origin, const double* xAxis, const double* yAxis) {
+    if (!origin || !xAxis || !yAxis) return 0;
+    const double up[3] = {xAxis[1] * yAxis[2] - xAxis[2] * yAxis[1],
+                          xAxis[2] * yAxis[0] - xAxis[0] * yAxis[2],
+                          xAxis[0] * yAxis[1] - xAxis[1] * yAxis[0]};
+    const double lAcross =
+        std::sqrt(yAxis[0] * yAxis[0] + yAxis[1] * yAxis[1] + yAxis[2] * yAxis[2]);
+    const double lUp = std::sqrt(up[0] * up[0] + up[1] * up[1] + up[2] * up[2]);
+    const double lAlong =
+        std::sqrt(xAxis[0] * xAxis[0] + xAxis[1] * xAxis[1] + xAxis[2] * xAxis[2]);
+    if (lAcross <= 0.0 || lUp <= 0.0 || lAlong <= 0.0) return 0;
+    for (int i = 0; i < 3; ++i) {
+        Origin[i] = origin[i];
+        TransMatrix[0][i] = yAxis[i] / lAcross;
+        TransMatrix[1][i] = up[i] / lUp;
+        TransMatrix[2][i] = -xAxis[i] / lAlong;
+    }
+    auto place = [this](CSectPoint& p) {
+        double g[3];
+        for (int i = 0; i < 3; ++i)
+            g[i] = Origin[i] + p.GetX() * TransMatrix[0][i] + p.GetY() * TransMatrix[1][i];
+        p.SetGlobal(g[0], g[1], g[2]);
+    };
+    for (const auto& p : PolyLine.GetSectPointList()) place(*p);
+    for (const auto& p : PolyLine.GetConvSectPointList()) place(*p);
+    return 1;
 }
 
 void CRoadProfile::AddRoadPoint(double no, double x, double y) {

@@ -2,11 +2,14 @@
 
 #include "geometry/PolyLine.h"
 #include "geometry/SectPoint.h"
+#include "platform/ObList.h"
 #include "platform/Object.h"
 
 #include <vector>
 
 namespace kelo {
+
+class CRefLine;
 
 // The road surface across a bridge at one station, in section axes: from the centre point out to
 // both edges through a fixed sequence of zones, twenty values a side:
@@ -61,6 +64,21 @@ public:
     // Adds a point to the point list and a copy to the converted list, after the points of its
     // number.
     void AddRoadPoint(double no, double x, double y);
+    // Makes the road points anew and, with the line the profile stands on, places them in space at
+    // the profile's station. `lines` serves a column line, whose frame comes from the line it
+    // stands on. Answers 1, or 0 when the line gives no frame at the station (the road points
+    // are made all the same).
+    int Update(CRefLine* line = nullptr, const CObList<CRefLine>* lines = nullptr);
+    // Global coordinates (m) of every road point, the profile standing at origin with its X along
+    // yAxis (to the right of travel) and its Y along xAxis × yAxis (up), xAxis looking back along
+    // the line as a section's frame does. The rows of the transformation are kept: section X,
+    // section Y, and the direction of travel. Answers 0 for axes of no length.
+    int CalcGlobCoord(const double* origin, const double* xAxis, const double* yAxis);
+    // Row r (0 section X, 1 section Y, 2 direction of travel), column c (global X, Y, Z) of the
+    // transformation from the last CalcGlobCoord; the origin likewise.
+    double GetTransMatrix(int row, int col) const { return TransMatrix[row][col]; }
+    double GetOrigin(int i) const { return Origin[i]; }
+
     // This profile at station s from the profiles a and b, value by value, linear in the station
     // and not clamped, so that it extrapolates. With one of them null it is a copy of the other.
     // Returns 1, or 0 with neither given.
@@ -77,6 +95,8 @@ private:
     double ProfLeft[kValues] = {};
     double ProfRight[kValues] = {};
     CPolyLine PolyLine;
+    double Origin[3] = {};
+    double TransMatrix[3][3] = {};
 };
 
 } // namespace kelo

@@ -66,7 +66,6 @@ CStructure::CStructure(const CStructure& other)
     other.CopyMemberList(*this);
     other.CopyAnalysisSetupList(*this);
     other.CopySelectionList(*this);
-    other.CopyFrameSectInputList(*this);
     UpdatePointers();
 }
 
@@ -144,6 +143,43 @@ CDesignSection* CStructure::GetDesignSectionPtr(int elementNo, int pos) const {
     return e->GetDesignSectionList().At(static_cast<std::size_t>(pos));
 }
 
+// ---------------------------------------------------------------- sections made on the fly
+
+std::unique_ptr<CKeySection> CStructure::CreateKeySection(int mode, int elementOrLine,
+                                                          double xiOrStation, int updateMode) {
+    int lineNo = elementOrLine;
+    double station = xiOrStation;
+    if (mode == 0) {
+        const CElement* e = ElementList.Get(elementOrLine);
+        if (!e) return nullptr;
+        double s1 = 0.0, s2 = 0.0;
+        int viaSection = 0;
+        if (!e->FindReflineConnection(this, &lineNo, &s1, &s2, &viaSection)) return nullptr;
+        if (viaSection || lineNo == 0) {
+            const CKeySection* own = GetKeySectionPtr(0, e->GetSectionNo());
+            return own ? std::make_unique<CKeySection>(*own) : nullptr;
+        }
+        station = s1 + (s2 - s1) * xiOrStation;
+    } else if (mode != 1) {
+        return nullptr;
+    }
+    CRefLine* line = RefLineList.Get(lineNo);
+    if (!line) return nullptr;
+    const SectionEnv env = SectionEnv::OfProject(this, lineNo);
+    return line->CreateKeySection(station, updateMode, &env);
+}
+
+void CStructure::CreateTempSections() {
+    for (CRefLine* line : RefLineList) {
+        const SectionEnv env = SectionEnv::OfProject(this, line->GetNo());
+        line->CreateTempSections(nullptr, nullptr, &env);
+    }
+}
+
+void CStructure::DeleteTempSections() {
+    for (CRefLine* line : RefLineList) line->DeleteTempSections(nullptr);
+}
+
 // ---------------------------------------------------------------- operations
 
 int CStructure::DeleteNode(int no) {
@@ -207,7 +243,6 @@ void CStructure::DeleteAllObjects(int addChange) {
     MemberList.RemoveAll();
     AnalysisSetupList.RemoveAll();
     SelectionList.RemoveAll();
-    FrameSectInputList.RemoveAll();
     ProfileStdString.clear();
     ProfileGenString.clear();
     if (addChange) NoteObjectChange();
@@ -278,15 +313,43 @@ void CStructure::ReCalcAllRoadProfiles() {
     // gone keeps its last geometry.
     for (CRefLine* line : RefLineList)
         if (line->GetColumn()) line->CreateColumnGeometry(RefLineList);
-    for (const CRefLine* line : RefLineList) {
+    for (CRefLine* line : RefLineList) {
         const auto& profiles = line->GetRoadProfileList();
-        for (std::size_t i = 0; i < profiles.GetCount(); ++i) profiles.At(i)->GenerateRoadPoints();
+        for (std::size_t i = 0; i < profiles.GetCount(); ++i)
+            profiles.At(i)->Update(line, &RefLineList);
     }
 }
 
-void CStructure::ReCalcAllKeySections(int) {}
+void CStructure::ReCalcAllKeySections(int) {
+    for (CRefLine* line : RefLineList) {
+        const SectionEnv env = SectionEnv::OfProject(this, line->GetNo());
+        const auto& sections = line->GetKeySectionList();
+        for (std::size_t i = 0; i < sections.GetCount(); ++i) {
+            CKeySection* section = sections.At(i);
+            section->SetRefLineNo(line->GetNo());
+            section->UpdateKeySection(0, &env);
+        }
+    }
+}
 
-void CStructure::ReCalcAllNodesOnRefLines(int) {}
+void CStructure::ReCalcAllNodesOnRefLines(int flag) {
+    for (CNode* node : NodeList) {
+        if (!node->GetRefLineConnect()) continue;
+        if (flag >= 0 && node->GetRefLineNo() != flag) continue;
+        CRefLine* line = RefLineList.Get(node->GetRefLineNo());
+        if (!line || line->GetNo() == 0) continue;
+        double point[3] = {0.0, 0.0, 0.0};
+        if (!line->CalcCoordByStation(node->GetStationNo(), point)) continue;
+        // A station without a section leaves the node on the line.
+        const SectionEnv env = SectionEnv::OfProject(this, line->GetNo());
+        double offset[3] = {0.0, 0.0, 0.0};
+        line->CalcRefLineToCoGByStation(node->GetStationNo(), offset, line->SectionCoGOf(&env));
+        node->SetX(point[0] + offset[0]);
+        node->SetY(point[1] + offset[1]);
+        node->SetZ(point[2] + offset[2]);
+        for (int i = 0; i < 3; ++i) node->SetRefLineOffset(i, offset[i]);
+    }
+}
 
 void CStructure::ReCalcAllModelDependencies() {
     // The default model covers the whole element list.
@@ -325,6 +388,22 @@ void CStructure::UpdatePointers() {
             found = sections.emplace(e->GetSectionNo(), section).first;
         }
         e->SetSectionPtr(found->second);
+        // A spring section makes its element a spring of the same kind.
+        if (found->second) {
+            switch (found->second->GetType()) {
+            case 20:
+                e->SetType(2);
+                break;
+            case 21:
+                e->SetType(3);
+                break;
+            case 22:
+                e->SetType(4);
+                break;
+            default:
+                break;
+            }
+        }
     }
     // An element belongs to the member that lists it; a copied project must not keep pointers
     // into the members of the one it was copied from.

@@ -21,7 +21,6 @@
 #include "model/AnalysisEngine.h"
 #include "model/CommandString.h"
 #include "model/Force.h"
-#include "model/FrameSectInput.h"
 #include "model/Id.h"
 #include "model/Loadcase.h"
 #include "model/Loadcomb.h"
@@ -180,8 +179,6 @@ public:
     KELO_LIST_FAMILY(CMember, Member)
     KELO_LIST_FAMILY(CAnalysisSetup, AnalysisSetup)
     KELO_LIST_FAMILY(CSelection, Selection)
-    // The values of the frame sections as typed; their key sections stand on reference line 0.
-    KELO_LIST_FAMILY(CFrameSectInput, FrameSectInput)
 
 public:
     // Changes and section forces are not kept by number.
@@ -199,6 +196,18 @@ public:
     CKeySection* AddProfileGen(int refLineNo, std::unique_ptr<CKeySection> profile);
     CRoadProfile* AddRoadProfile(int refLineNo, std::unique_ptr<CRoadProfile> profile);
     CDesignSection* GetDesignSectionPtr(int elementNo, int pos) const;
+
+    // ---- sections made on the fly, owned by the caller
+    // Mode 0: the section of element elementOrLine at the relative position xiOrStation (0 at
+    // node 1, 1 at node 2): a copy of the element's own section, or the section on its line at
+    // the station between the stations of its ends. Mode 1: the section on line elementOrLine at
+    // the station xiOrStation. updateMode as for CRefLine::CreateSectionAt (2 for design: no
+    // tendon groups). Null for another mode, a missing element or line, or no section there.
+    std::unique_ptr<CKeySection> CreateKeySection(int mode, int elementOrLine, double xiOrStation,
+                                                  int updateMode = 0);
+    // Temporary sections every 5 m or so between the key sections of every line, and away again.
+    void CreateTempSections();
+    void DeleteTempSections();
 
     // ---- operations with more to them than the family
     // Refused (0) while an element uses the node.
@@ -224,10 +233,18 @@ public:
 
     // The dependent data, brought up to date in this order once per command file.
     void ReCalcAllRoadProfiles();
+    // Every key section of every line resolved, placed in space and given its properties; flag
+    // plays no part.
     void ReCalcAllKeySections(int flag);
+    // Every node made on a reference line put back on it: at the line's point of its station,
+    // moved to the centre of gravity of the section there. flag: the line whose nodes are
+    // placed, or below 0 all lines.
     void ReCalcAllNodesOnRefLines(int flag);
     void ReCalcAllModelDependencies();
     void RecalcConnectedCharts(int flag, void* chart);
+    // Pointer caches from their numbers: the nodes and section of each element (a spring section
+    // also gives its element the spring's kind), the elements of loads, axial forces, masses and
+    // members.
     void UpdatePointers();
 
     // ---- the command store

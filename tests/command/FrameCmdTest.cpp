@@ -171,14 +171,16 @@ TEST(FrameElementProperties, JointsSectionsSpringsAndLocalAxes) {
     ASSERT_NE(beam, nullptr);
     EXPECT_EQ(beam->GetName(), "Beam 400x800");
     EXPECT_EQ(beam->GetStationNo(), 1.0);
-    const CFrameSectInput* input = f.s.GetFrameSectInputPtr(1);
-    ASSERT_NE(input, nullptr);
-    EXPECT_EQ(input->GetType(), 1);
-    EXPECT_EQ(input->GetYoungsModulus(), 35000.0);
-    EXPECT_EQ(input->GetPoisson(), 0.2);
-    EXPECT_EQ(input->GetDimension(0), 0.32);
-    EXPECT_EQ(input->GetDimension(3), 0.0043);
-    EXPECT_TRUE(f.s.GetFrameSectInputPtr(2)->IsSpring());
+    // A stiffness section: its values are the properties A, IL, IM, IN as they stand.
+    EXPECT_EQ(beam->GetType(), 1);
+    EXPECT_EQ(beam->GetMatType(), 0);
+    EXPECT_EQ(beam->GetYoungsModulus(), 35000.0);
+    EXPECT_EQ(beam->GetPoisson(), 0.2);
+    EXPECT_EQ(beam->GetSectionArea(), 0.32);
+    EXPECT_EQ(beam->GetMomInertL(), 0.017);
+    EXPECT_EQ(beam->GetMomInertM(), 0.0117);
+    EXPECT_EQ(beam->GetMomInertN(), 0.0043);
+    EXPECT_EQ(line0->GetKeySectionPtr(2)->GetType(), 20);
 
     // Section 1 on elements 1 to 3 with alpha 10, 15, 20 degrees; the spring on element 4.
     EXPECT_EQ(f.Run("ELSPINS 1 3 1 1 2 10 5\nELSPINS 4 0 0 2\n"), 0);
@@ -202,7 +204,9 @@ TEST(FrameElementProperties, JointsSectionsSpringsAndLocalAxes) {
     // A section given anew: its elements point at the new key section.
     EXPECT_EQ(f.Run("SECTINS 1 4 35000 0.2 0.8 0.4 0.2 0.2\n"), 0);
     EXPECT_EQ(f.elem(2)->GetSectionPtr(), line0->GetKeySectionPtr(1));
-    EXPECT_EQ(f.s.GetFrameSectInputPtr(1)->GetType(), 4);
+    // A box 0.8 wide and 0.4 high whose flanges of 0.2 fill its height: A = bh.
+    EXPECT_EQ(line0->GetKeySectionPtr(1)->GetType(), 4);
+    EXPECT_NEAR(line0->GetKeySectionPtr(1)->GetSectionArea(), 0.32, 1e-15);
     EXPECT_EQ(f.Messages(), 0) << f.log;
 
     EXPECT_EQ(f.Run("TORSIONAD 1 2 1 0.05\n"), 0);
@@ -637,7 +641,7 @@ TEST(FrameExamples, FaultyLinesLeaveTheGoodFrameStanding) {
     EXPECT_EQ(f.elem(3)->GetNodeNo1(), 1);
     EXPECT_EQ(f.elem(3)->GetNodeNo2(), 3);
     EXPECT_EQ(f.elem(1)->GetJoint2(), 0.0);
-    EXPECT_EQ(f.s.GetFrameSectInputPtr(1)->GetType(), 1);
+    EXPECT_EQ(f.s.GetKeySectionPtr(0, 1)->GetType(), 1);
     EXPECT_EQ(f.elem(2)->GetSectionNo(), 1);
     EXPECT_TRUE(f.elem(1)->GetMassList().IsEmpty());
     EXPECT_EQ(Fixity(f.node(1)), std::vector<int>(6, 1));
