@@ -464,4 +464,499 @@ double CElement::FindPoisson(CStructure* structure) {
     return 0.0;
 }
 
+// ==== Element loads: restraint forces of a load, its section contribution, masses and wind.
+
+namespace {
+
+// Simpson's rule over ten intervals: exact for loads whose restraint integrand is at most cubic
+// (uniform loads, point kernels), close for trapezoidal ones.
+constexpr double kSimpson[11] = {1.0, 4.0, 2.0, 4.0, 2.0, 4.0, 2.0, 4.0, 2.0, 4.0, 1.0};
+
+// Restraint forces of a force (q0 along L, q1 along M, q2 along N) at a from node 1 of a fixed
+// beam of length L, added to F.
+void AddPointForceEnds(double q0, double q1, double q2, double a, double L, double F[12]) {
+    const double b = L - a;
+    const double L2 = L * L, L3 = L2 * L;
+    const double c1 = (L2 - a * a + a * b) / L3;
+    const double c2 = (L2 - b * b + a * b) / L3;
+    F[0] += -b * c1 * q0;
+    F[1] += -(b / L) * q1;
+    F[2] += -b * c1 * q2;
+    F[3] += -a * b * b / L2 * q2;
+    F[5] += a * b * b / L2 * q0;
+    F[6] += -a * c2 * q0;
+    F[7] += -(a / L) * q1;
+    F[8] += -a * c2 * q2;
+    F[9] += a * a * b / L2 * q2;
+    F[11] += -a * a * b / L2 * q0;
+}
+
+// Restraint forces of a moment (about L, M, N) at a from node 1, added to F.
+void AddPointMomentEnds(double m0, double m1, double m2, double a, double L, double F[12]) {
+    const double b = L - a;
+    const double L2 = L * L;
+    const double h = -(a * a + b * b - L2) / L2;
+    const double g1 = (a * a + 2.0 * b * b - L2) / L2;
+    const double g2 = (2.0 * a * a + b * b - L2) / L2;
+    F[0] += -3.0 * m2 * h / L;
+    F[2] += 3.0 * m0 * h / L;
+    F[3] += -m0 * g1;
+    F[4] += -m1 * b / L;
+    F[5] += -m2 * g1;
+    F[6] += 3.0 * m2 * h / L;
+    F[8] += -3.0 * m0 * h / L;
+    F[9] += -m0 * g2;
+    F[10] += -m1 * a / L;
+    F[11] += -m2 * g2;
+}
+
+// Terrain categories 0 to 5 of the logarithmic wind profile: terrain factor, roughness length
+// (m) and the height (m) below which the profile stays constant.
+struct Terrain {
+    double kT, z0, zmin;
+};
+constexpr Terrain kTerrain[6] = {{0.16, 0.003, 2.0}, {0.17, 0.01, 2.0}, {0.19, 0.05, 4.0},
+                                 {0.22, 0.3, 8.0},   {0.24, 1.0, 16.0}, {0.17, 0.017, 1.0}};
+
+} // namespace
+
+void CElement::CalcWindArea(double W[10]) const {
+    for (int i = 0; i < 10; ++i) W[i] = GetWindArea(i);
+}
+
+double CElement::CalcWindSpeed(double xOverL, CLoad* load) const {
+    if (!load || !NodeNo1Ptr || !NodeNo2Ptr) return 0.0;
+    const double z1 = NodeNo1Ptr->GetZ(), z2 = NodeNo2Ptr->GetZ();
+    const double z = z1 + (z2 - z1) * xOverL;
+    const double s = load->GetLoadValues(0);
+    const double p3 = load->GetLoadValues(2), p4 = load->GetLoadValues(3);
+    if (load->GetType() == 10) {
+        // Power law over the height above p3, relative to 10 m.
+        double r = (z - p3) / 10.0;
+        if (r < 0.1) r = 0.0;
+        const double exponent = p4 > 0.0001 ? p4 : 0.213;
+        return s * std::pow(r, exponent);
+    }
+    const int category = static_cast<int>(p3);
+    if (category < 0 || category > 5) return 0.0;
+    const Terrain& t = kTerrain[category];
+    const double h = z - p4;
+    double c = 0.0, I = 0.0;
+    if (h >= 0.0 && h <= t.zmin) {
+        c = t.kT * std::log(t.zmin / t.z0);
+        I = t.kT / c;
+    } else if (h > t.zmin) {
+        c = t.kT * std::log(h / t.z0);
+        I = t.kT / c;
+        if (category == 5) I *= 1.19;
+    }
+    // Type 60 gives the mean speed, 61 the gust speed with a peak factor on the turbulence.
+    return load->GetType() == 61 ? c * s * std::sqrt(7.0 * I + 1.0) : c * s;
+}
+
+int CElement::PointLoad(const double d[6], double a, double F[12], double x, int flag) {
+    std::fill(F, F + 12, 0.0);
+    const double L = Length;
+    a = std::min(a, L);
+    if (x > 0.0) {
+        // A section at node 2 is taken just inside the element.
+        if (std::fabs(x - L) < 0.001) x = L - 0.001;
+        if (x >= a && flag != 1) {
+            F[0] = -d[0];
+            F[1] = -d[1];
+            F[2] = -d[2];
+            F[3] = (x - a) * d[2] - d[3];
+            F[4] = -d[4];
+            F[5] = -d[0] * (x - a) - d[5];
+        }
+        return 1;
+    }
+    if (!(L > 0.0)) return 0;
+    AddPointForceEnds(d[0], d[1], d[2], a, L, F);
+    AddPointMomentEnds(d[3], d[4], d[5], a, L, F);
+    return 0;
+}
+
+int CElement::TendonLoads(const double (*rows)[6], int count, int noOfTendons, double F[12],
+                          double x, int flag) {
+    std::fill(F, F + 12, 0.0);
+    if (!rows || count < 2) return 1;
+    const double s = Length / (count - 1);
+    const double nT = noOfTendons;
+    // The force P of the tendon in the direction of the stretch, with its moment about the
+    // element axis at the lever (y along L, z along N).
+    auto addForce = [&](double P, double a1, double a2, double y, double z, double at) {
+        double d[6];
+        d[0] = std::cos(a2) * P * std::sin(a1);
+        d[1] = std::cos(a2) * P * std::cos(a1);
+        d[2] = std::cos(a1) * P * std::sin(a2);
+        d[3] = -d[1] * z;
+        d[4] = d[0] * z - d[2] * y;
+        d[5] = d[1] * y;
+        double f[12];
+        PointLoad(d, at, f, x, flag);
+        for (int i = 0; i < 12; ++i) F[i] += f[i];
+    };
+    for (int i = 0; i + 1 < count; ++i) {
+        const double P0 = nT * rows[i][1], P1 = nT * rows[i + 1][1];
+        const double y0 = rows[i][2], z0 = rows[i][3], y1 = rows[i + 1][2], z1 = rows[i + 1][3];
+        const double a1 = std::atan((y1 - y0) / s), a2 = std::atan((z1 - z0) / s);
+        // The anchor force at the start of the stretch, the force leaving it at its end, and the
+        // change of force along the stretch at its middle.
+        addForce(P0, a1, a2, y0, z0, i * s);
+        addForce(-P1, a1, a2, y1, z1, (i + 1) * s);
+        addForce(P1 - P0, a1, a2, 0.5 * (y0 + y1), 0.5 * (z0 + z1), (i + 0.5) * s);
+    }
+    return 1;
+}
+
+int CElement::FixType(CStructure* structure, int type, double A, double B, double C, double D,
+                      const double* vec, double F[12], double x) {
+    std::fill(F, F + 12, 0.0);
+    const double L = Length;
+    const double zero[6] = {};
+    const double* d = vec ? vec : zero;
+    const bool ends = x <= 0.0;
+    switch (type) {
+    case 3: {
+        // Uniform load over the whole length; C and D are the eccentricities (along L and N) of
+        // its axial part, which makes moments.
+        if (ends) {
+            const double h = L / 2.0, g = L * L / 12.0;
+            F[0] = -d[0] * h - d[1] * C;
+            F[1] = -d[1] * h;
+            F[2] = -d[2] * h - d[1] * D;
+            F[3] = -d[2] * g;
+            F[4] = (d[2] * C - d[0] * D) * h;
+            F[5] = d[0] * g;
+            F[6] = -d[0] * h + d[1] * C;
+            F[7] = -d[1] * h;
+            F[8] = -d[2] * h + d[1] * D;
+            F[9] = d[2] * g;
+            F[10] = F[4];
+            F[11] = -d[0] * g;
+        } else {
+            F[0] = -x * d[0];
+            F[1] = -x * d[1];
+            F[2] = -x * d[2];
+            F[3] = x * x * d[2] / 2.0;
+            F[4] = x * (d[2] * C - d[0] * D);
+            F[5] = -x * x * d[0] / 2.0 - x * d[1] * C;
+        }
+        return 1;
+    }
+    case 4: {
+        // A force at C from node 1; beyond the element it acts at node 2.
+        C = std::min(C, L);
+        if (ends) {
+            if (!(L > 0.0)) return 0;
+            AddPointForceEnds(d[0], d[1], d[2], C, L, F);
+        } else if (x >= C) {
+            F[0] = -d[0];
+            F[1] = -d[1];
+            F[2] = -d[2];
+            F[3] = (x - C) * d[2];
+            F[5] = -d[0] * (x - C);
+        }
+        return 1;
+    }
+    case 5: {
+        C = std::min(C, L);
+        if (ends) {
+            if (!(L > 0.0)) return 0;
+            AddPointMomentEnds(d[0], d[1], d[2], C, L, F);
+        } else if (x >= C) {
+            F[3] = -d[0];
+            F[4] = -d[1];
+            F[5] = -d[2];
+        }
+        return 1;
+    }
+    case 6: {
+        // Torque A per metre at node 1, growing by B to node 2.
+        if (ends) {
+            F[4] = -A * L / 2.0 - B * (L / 20.0) * 3.0;
+            F[10] = -A * L / 2.0 - B * (L / 20.0) * 7.0;
+        } else {
+            F[4] = -A * x - 0.5 * B * x * x / L;
+        }
+        return 1;
+    }
+    case 2:
+    case 12: {
+        // An imposed strain or curvature held by the fixed ends: an axial force A and the
+        // moments B about L and C about N, constant along the element.
+        if (ends) {
+            F[1] = A;
+            F[7] = -A;
+            F[3] = B;
+            F[9] = -B;
+            F[5] = C;
+            F[11] = -C;
+        }
+        return 1;
+    }
+    case 7:
+    case 11: {
+        // A straight tendon of force A (times the factor B) from eccentricity C at node 1 to
+        // C + D at node 2, along N.
+        const double e1 = C, e2 = C + D;
+        const double t = std::atan((e2 - e1) / L);
+        if (B > 0.001) A = A * B;
+        if (ends) {
+            F[1] = -A * std::cos(t);
+            F[2] = -A * std::sin(t);
+            F[3] = A * std::cos(t) * e1;
+            F[7] = -F[1];
+            F[8] = -F[2];
+            F[9] = -A * std::cos(t) * e2;
+        } else if (type == 11) {
+            F[1] = -A * std::cos(t);
+            F[2] = -A * std::sin(t);
+            F[3] = A * std::cos(t) * ((e2 - e1) * x / L + e1);
+        }
+        return 1;
+    }
+    case 1:
+    case 8: {
+        // A load from C after node 1 to D before node 2, d[0..2] at its start growing by
+        // d[3..5] to its end.
+        const double Lq = L - C - D;
+        if (ends) {
+            if (!(L > 0.0)) return 0;
+            const double h = Lq / 10.0;
+            for (int k = 0; k <= 10; ++k) {
+                const double a = C + k * h;
+                const double w = h * kSimpson[k] / 3.0;
+                AddPointForceEnds((d[0] + k * d[3] / 10.0) * w, (d[1] + k * d[4] / 10.0) * w,
+                                  (d[2] + k * d[5] / 10.0) * w, a, L, F);
+            }
+            return 1;
+        }
+        if (x < C || !(Lq > 0.0)) return 1;
+        // Resultants of the loaded part before the section, and their levers from it.
+        double u = x - C, e = 0.0;
+        if (!(Lq > u)) {
+            u = Lq;
+            e = x - C - Lq;
+        }
+        const double r = u / Lq;
+        const double R0 = (0.5 * r * d[3] + d[0]) * u;
+        const double R1 = (0.5 * r * d[4] + d[1]) * u;
+        const double R2 = (0.5 * r * d[5] + d[2]) * u;
+        double e0 = 0.0, e2 = 0.0;
+        if (std::fabs(R0) >= 1e-5) e0 = (d[0] * u * u / 2.0 + d[3] * r * u * u / 6.0) / R0 + e;
+        if (std::fabs(R2) >= 1e-5) e2 = (d[2] * u * u / 2.0 + d[5] * r * u * u / 6.0) / R2 + e;
+        F[0] = -R0;
+        F[1] = -R1;
+        F[2] = -R2;
+        F[3] = R2 * e2;
+        F[5] = -R0 * e0;
+        return 1;
+    }
+    case 9: {
+        // The intensity d integrated as point loads between D from node 1 and B from node 2.
+        double h = (L - D - B) / 10.0;
+        if (!ends) {
+            if (x <= D + 0.001) return 1;
+            if (x <= L - B + 0.001) h = (x - D - 0.001) / 10.0;
+        }
+        double f[12];
+        for (int k = 0; k <= 10; ++k) {
+            PointLoad(d, D + k * h, f, x, 0);
+            const double w = h * kSimpson[k] / 3.0;
+            for (int i = 0; i < 12; ++i) F[i] += w * f[i];
+        }
+        return 1;
+    }
+    case 15: {
+        // A tendon through the element. Its element data (positions, forces, levers) are laid
+        // out with the tendon's geometry; a tendon without them gives no load.
+        if (!structure || !structure->GetTendonPtr(static_cast<int>(A))) return 0;
+        return 1;
+    }
+    default:
+        return 0;
+    }
+}
+
+int CElement::FixedEndForces(CStructure* structure, CLoad* load, double F[12], double xOverL,
+                             int mode, int anType) {
+    std::fill(F, F + 12, 0.0);
+    if (!load) return 0;
+    double W[10];
+    CalcWindArea(W);
+    const int type = load->GetType();
+    const double L = Length;
+    const double x = xOverL * L + 0.0001;
+    int result = 1;
+    if (anType == 3) {
+        // A creep step loads the element only by the creep of the sustained forces of its
+        // creep combination; every other load is in the results the step starts from.
+        if (type != 50 || load->GetElementNo() != No) return 1;
+        if (!structure || !structure->GetCreepCombPtr(static_cast<int>(load->GetLoadValues(0))))
+            return 0;
+        if (DesignSectionList.IsEmpty()) return 0;
+        // The creep deformation of the step comes from the stored section forces of the
+        // combination, which the element does not read: the step fails rather than run
+        // without its load.
+        return 0;
+    }
+    int dir = load->GetDirection();
+    double p1 = load->GetLoadValues(0), p2 = load->GetLoadValues(1);
+    double p3 = load->GetLoadValues(2), p4 = load->GetLoadValues(3);
+    switch (type) {
+    case 1: {
+        // Unit weight times the section area, varying linearly between the ends.
+        const double a0 = FindSectionArea(structure, 0.0);
+        const double a1 = FindSectionArea(structure, 1.0);
+        if (a0 < 0.0 || a1 < 0.0) return 0;
+        p4 = (a1 - a0) * p1;
+        p1 = a0 * p1;
+        p2 = p3 = 0.0;
+        break;
+    }
+    case 2: {
+        // Temperature (degrees) held by the fixed ends: p1 uniform, p2 and p3 gradients (per m
+        // of depth) about N and L, p4 the expansion coefficient in 1e-5 per degree.
+        const double t = p4 < 1e-5 ? 1e-5 : p4 * 1e-5;
+        double v[kSectParams] = {};
+        ReadSectParam(structure, v);
+        const double E = v[4] * 1000.0;
+        p1 = p1 * t * E * v[0];
+        p2 = p2 * t * E * v[3];
+        p4 = -p3 * t * E * v[1];
+        p3 = 0.0;
+        dir = 5;
+        break;
+    }
+    case 12: {
+        // An imposed strain in per mille.
+        double v[kSectParams] = {};
+        ReadSectParam(structure, v);
+        p1 = p1 / 1000.0 * v[4] * 1000.0 * v[0];
+        p2 = p3 = p4 = 0.0;
+        dir = 5;
+        break;
+    }
+    case 7:
+    case 11:
+    case 15:
+        dir = 5;
+        break;
+    case 8:
+        std::swap(p3, p4);
+        break;
+    default:
+        break;
+    }
+
+    if (type == 10 || type == 60 || type == 61) {
+        // Wind at the angle p2 (degrees, from X in plan) with the pressure of the speed at each
+        // end, taken by the drag, lift and moment areas of the N and L directions.
+        const double th = p2 * 3.141592 / 180.0;
+        constexpr double kAirDensity = 0.00125;
+        double pL[2], pN[2], torque[2];
+        for (int end = 0; end < 2; ++end) {
+            const double v = CalcWindSpeed(end, load);
+            const double sign = v < 0.0 ? -1.0 : 1.0;
+            const double q = 0.5 * kAirDensity * v * v;
+            const double wx = sign * q * std::cos(th), wy = sign * q * std::sin(th);
+            const double a = TransMatrix[0][0] * wx + TransMatrix[0][1] * wy;
+            const double b = TransMatrix[2][0] * wx + TransMatrix[2][1] * wy;
+            pL[end] = a * W[0] + std::fabs(b) * W[6];
+            pN[end] = std::fabs(a) * W[1] + b * W[5];
+            torque[end] = a * W[3] + b * W[8];
+        }
+        const double d[6] = {pL[0], 0.0, pN[0], pL[1] - pL[0], 0.0, pN[1] - pN[0]};
+        double f[12];
+        result = FixType(structure, 8, p1, p4, 0.0, 0.0, d, f, x);
+        for (int i = 0; i < 12; ++i) F[i] += f[i];
+        result = std::min(
+            result, FixType(structure, 6, torque[0], torque[1] - torque[0], 0.0, 0.0, d, f, x));
+        for (int i = 0; i < 12; ++i) F[i] += f[i];
+    } else if (type != 50) {
+        // The load's intensity p1 and its increase p4 in local axes.
+        double d[6] = {};
+        if (dir >= 4 && dir <= 6) {
+            d[dir - 4] = p1;
+            d[dir - 1] = p4;
+        } else if (dir >= 1 && dir <= 3) {
+            for (std::size_t i = 0; i < 3; ++i) {
+                d[i] = TransMatrix[i][static_cast<std::size_t>(dir - 1)] * p1;
+                d[i + 3] = TransMatrix[i][static_cast<std::size_t>(dir - 1)] * p4;
+            }
+        }
+        result = FixType(structure, type, p1, p4, p2, p3, d, F, x);
+    }
+
+    if (mode != 3) {
+        if (Joint1 + Joint2 > 0.0) {
+            double K[12][12];
+            if (!MakeStiffMatrix(structure, K, F, anType, 0)) return 0;
+        }
+        if (mode != 1) {
+            double local[12];
+            std::copy(F, F + 12, local);
+            for (int block = 0; block < 4; ++block)
+                for (std::size_t c = 0; c < 3; ++c) {
+                    double sum = 0.0;
+                    for (std::size_t r = 0; r < 3; ++r)
+                        sum += TransMatrix[r][c] * local[3 * block + static_cast<int>(r)];
+                    F[3 * block + static_cast<int>(c)] = sum;
+                }
+        }
+    }
+    return result;
+}
+
+int CElement::FixedEndMass(CStructure* structure, CMass* mass, double m[12], int /*mode*/,
+                           int /*anType*/) {
+    std::fill(m, m + 12, 0.0);
+    if (!mass) return 0;
+    const int dir = mass->GetDirection();
+    const double w = mass->GetMassValues(0);
+    const double L = Length;
+    // Direction 0 puts the mass on all three translations, 1 to 3 on X, Y or Z only.
+    auto put = [&](int base, double value) {
+        if (dir == 0)
+            for (int i = 0; i < 3; ++i) m[base + i] = value;
+        else if (dir >= 1 && dir <= 3)
+            m[base + dir - 1] = value;
+    };
+    switch (mass->GetType()) {
+    case 1: {
+        // Mass per m3 of the section.
+        const double area = FindSectionArea(structure, 0.0);
+        if (area < 0.0) return 0;
+        put(0, 0.5 * w * L * area);
+        put(6, 0.5 * w * L * area);
+        return 1;
+    }
+    case 2:
+        return 1;
+    case 3:
+        put(0, 0.5 * w * L);
+        put(6, 0.5 * w * L);
+        return 1;
+    case 4:
+    case 5: {
+        // A lumped mass (type 4) or mass moment of inertia (type 5) at a from node 1, shared
+        // by the lever rule.
+        if (!(L > 0.0)) return 0;
+        const double a = std::min(mass->GetMassValues(1), L);
+        if (mass->GetType() == 4) {
+            put(0, (L - a) * w / L);
+            put(6, a * w / L);
+        } else if (dir >= 1 && dir <= 3) {
+            m[3 + dir - 1] = (L - a) * w / L;
+            m[9 + dir - 1] = a * w / L;
+        }
+        return 1;
+    }
+    default:
+        return 0;
+    }
+}
+
 } // namespace kelo

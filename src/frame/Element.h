@@ -234,6 +234,35 @@ public:
     double GetStiffCache(int i, int j) const;
     double GetLoadCache(int i) const;
 
+    // Restraint forces of one load on the element, forces opposing the load. xOverL -1000.0
+    // gives the end forces, a position 0 to 1 the load's contribution to the section forces
+    // there. mode 2: releases applied, global axes (assembly); 1: releases applied, local axes;
+    // 3: the section contribution, local axes. Answers 1, or 0 when the load can't be worked out.
+    int FixedEndForces(CStructure* structure, CLoad* load, double F[12], double xOverL, int mode,
+                       int anType);
+    // The formula of one load type: A, B, C, D are load values in the order the type reads them
+    // and vec the six-vector of force and moment intensities in local axes. x at or under 0
+    // gives the end forces, above 0 the section contribution at x (m) from node 1. Answers 1,
+    // or 0 for an unknown type or a tendon that can't be found.
+    int FixType(CStructure* structure, int type, double A, double B, double C, double D,
+                const double* vec, double F[12], double x);
+    // A force d[0..2] and a moment d[3..5] (local axes) at a (m) from node 1. For x above 0 the
+    // contribution to the section at x, which flag 1 suppresses, answering 1; for x at or
+    // under 0 the end forces, answering 0.
+    int PointLoad(const double d[6], double a, double F[12], double x, int flag);
+    // The loads of a tendon along the element from its rows of (position, force, y, z), y along
+    // L and z along N (m), the rows evenly spaced over the length; each force is multiplied by
+    // the number of tendons. Answers 1.
+    int TendonLoads(const double (*rows)[6], int count, int noOfTendons, double F[12], double x,
+                    int flag);
+    // Lumped masses (tons) of a mass record at the translations (or, for type 5, rotations) of
+    // the two nodes, in global axes. Answers 1, or 0 for an unknown mass type or no length.
+    int FixedEndMass(CStructure* structure, CMass* mass, double m[12], int mode, int anType);
+    // Wind speed (m/s) of a wind load at xOverL, height taken between the node Z coordinates.
+    double CalcWindSpeed(double xOverL, CLoad* load) const;
+    // The wind area values: N direction W[0..4], L direction W[5..9].
+    void CalcWindArea(double W[10]) const;
+
 private:
     // Section values from the cache while the update flag is set, else from the section
     // look-up with the axial force summed over the axial list.

@@ -100,25 +100,19 @@ TEST(ElementStiffness, BeamAlongEachAxisAndInclinedMatchesTheTextbookBeamRotated
         double alpha;
         Axes rows; // L, M, N
     };
+    // Alpha 90 on (1, 2, 2): N horizontal, left of the plan direction, (-2, 1, 0)/sqrt5;
+    // L = M x N = (-2, -4, 5)/(3 sqrt5).
     const double r5 = std::sqrt(5.0);
+    const Axes inclined = {{{-2 / (3 * r5), -4 / (3 * r5), 5 / (3 * r5)},
+                            {1.0 / 3, 2.0 / 3, 2.0 / 3},
+                            {-2 / r5, 1 / r5, 0}}};
     const Case cases[] = {
         // N toward +Z: L = X x Z = -Y.
         {"along X", 4, 0, 0, 3, 3, 0, {{{0, -1, 0}, {1, 0, 0}, {0, 0, 1}}}},
         {"along Y", 0, 4, 0, 3, 3, 0, {{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}}},
         // N toward +X: L = Z x X = Y.
         {"along Z", 0, 0, 4, 3, 1, 0, {{{0, 1, 0}, {0, 0, 1}, {1, 0, 0}}}},
-        // Alpha 90 on (1, 2, 2): N horizontal, left of the plan direction, (-2, 1, 0)/sqrt5;
-        // L = M x N = (-2, -4, 5)/(3 sqrt5).
-        {"inclined",
-         1,
-         2,
-         2,
-         4,
-         0,
-         90.0,
-         {{{-2 / (3 * r5), -4 / (3 * r5), 5 / (3 * r5)},
-           {1.0 / 3, 2.0 / 3, 2.0 / 3},
-           {-2 / r5, 1 / r5, 0}}}},
+        {"inclined", 1, 2, 2, 4, 0, 90.0, inclined},
     };
     for (const Case& c : cases) {
         Beam b(0, 0, 0, c.x2, c.y2, c.z2);
