@@ -673,67 +673,45 @@ int CFrame::AddStiffness(int nElem, int nLoad, int band, int nBlocks, int blockS
     m_solver->SetNodeNumbers(std::move(nodeTable));
     if (!m_solver->Init(m_neq, nLoad, band, S, this)) return 0;
 
-    std::vector<double> rows, loads, column;
-    try {
-        rows.resize(static_cast<std::size_t>(2) * S * band);
-        loads.resize(static_cast<std::size_t>(2) * S * nLoad);
-        column.resize(static_cast<std::size_t>(S));
-    } catch (const std::bad_alloc&) {
-        DisplayMessage(4, CBandSolver::kMsgNoMemory, nullptr);
-        return 0;
-    }
+    // Two blocks at a time: every element record with a freedom among their rows adds its terms
+    // of those rows into the band, then the diagonals of the rows are checked and the rows' loads
+    // follow.
     int counted = 0;
-    double diagonalSum = 0.0;
     for (int i = 1; i <= nBlocks; i += 2) {
         const int inPair = i < nBlocks ? 2 : 1;
         const int first = (i - 1) * S;
-        const int nRows = inPair * S;
-        std::fill(rows.begin(), rows.end(), 0.0);
-        std::fill(loads.begin(), loads.end(), 0.0);
-        for (int p = 0; p < inPair; ++p) {
-            const std::vector<double>& stored = m_loadStore[static_cast<std::size_t>(i - 1 + p)];
-            std::copy(stored.begin(), stored.end(),
-                      loads.begin() + static_cast<std::ptrdiff_t>(p) * S * nLoad);
-        }
+        const int last = std::min(m_neq, first + inPair * S);
         for (const ElementRecord& rec : m_records) {
-            if (rec.maxEq <= first || rec.minEq > first + nRows) continue;
+            if (rec.maxEq <= first || rec.minEq > last) continue;
             const double* k = m_pool.data() + rec.offset;
             for (int a = 0; a < rec.n; ++a) {
-                const int r = rec.lm[static_cast<std::size_t>(a)] - first;
-                if (rec.lm[static_cast<std::size_t>(a)] <= 0 || r < 1 || r > nRows) continue;
-                double* row = rows.data() + static_cast<std::size_t>(r - 1) * band;
+                const int row = rec.lm[static_cast<std::size_t>(a)];
+                if (row <= first || row > last) continue;
                 for (int c = 0; c < rec.n; ++c) {
-                    const int eq = rec.lm[static_cast<std::size_t>(c)];
-                    const int col = eq - rec.lm[static_cast<std::size_t>(a)] + 1;
-                    if (eq <= 0 || col < 1 || col > band) continue;
-                    row[col - 1] += a <= c ? k[Packed(a, c, rec.n)] : k[Packed(c, a, rec.n)];
+                    const int col = rec.lm[static_cast<std::size_t>(c)];
+                    if (col < row || col - row >= band) continue;
+                    m_solver->AddStiffness(
+                        row, col, a <= c ? k[Packed(a, c, rec.n)] : k[Packed(c, a, rec.n)]);
                 }
             }
         }
-        for (int r = 0; r < nRows; ++r) {
-            double& d = rows[static_cast<std::size_t>(r) * band];
-            diagonalSum += d;
+        for (int eq = first + 1; eq <= last; ++eq) {
+            double d = m_solver->GetStiffness(eq, eq);
             if (std::fabs(d) > kNoStiffness) ++counted;
-            if (std::fabs(d) < kNoStiffness) d = kSupportStiffness;
-            if (d > kDiagonalCap) d = kSupportStiffness;
+            if (std::fabs(d) < kNoStiffness || d > kDiagonalCap) d = kSupportStiffness;
+            m_solver->SetStiffness(eq, eq, d);
         }
         for (int p = 0; p < inPair; ++p) {
-            for (int c = 1; c <= band; ++c) {
-                for (int r = 0; r < S; ++r)
-                    column[static_cast<std::size_t>(r)] =
-                        rows[(static_cast<std::size_t>(p) * S + r) * band + (c - 1)];
-                m_solver->SetBlockColumn(i + p, c, column.data());
-            }
-            for (int l = 0; l < nLoad; ++l) {
-                for (int r = 0; r < S; ++r)
-                    column[static_cast<std::size_t>(r)] =
-                        loads[(static_cast<std::size_t>(p) * S + r) * nLoad + l];
-                m_solver->SetBlockColumn(i + p, band + 1 + l, column.data());
-            }
-            m_loadStore[static_cast<std::size_t>(i - 1 + p)] = {};
+            std::vector<double>& stored = m_loadStore[static_cast<std::size_t>(i - 1 + p)];
+            const int row0 = first + p * S;
+            for (int r = 0; r < S && row0 + r < m_neq; ++r)
+                for (int l = 0; l < nLoad; ++l) {
+                    const double v = stored[static_cast<std::size_t>(r) * nLoad + l];
+                    if (v != 0.0) m_solver->AddLoad(row0 + r + 1, l + 1, v);
+                }
+            stored = {};
         }
     }
-    (void)diagonalSum;
     if (counted == 0) {
         DisplayMessage(4, kMsgNoFreedoms, nullptr);
         return 0;
