@@ -161,6 +161,10 @@ SOLVE 1
     m.ExpectCompleted();
     const double EI = kE * 0.01, L = 6.0, q = 10.0;
     ExpectRel(m.Reaction(4, 1)[2], -3 * q * L / 8, 1e-9, "prop reaction");
+    // The roller holds Y, Z and the twist: along X and in its free rotations it reports nothing.
+    EXPECT_EQ(m.Reaction(4, 1)[0], 0.0);
+    EXPECT_EQ(m.Reaction(4, 1)[4], 0.0);
+    EXPECT_EQ(m.Reaction(4, 1)[5], 0.0);
     ExpectRel(m.Reaction(1, 1)[2], -5 * q * L / 8, 1e-9, "fixed end reaction");
     ExpectSection(m.Force(1, 0.0, 1)[3], -q * L * L / 8, 5 * q * L / 8, "fixed end moment");
     ExpectRel(m.Disp(4, 1)[4], -q * L * L * L / (48 * EI), 1e-9, "slope at the prop");
@@ -423,6 +427,11 @@ SOLVE 1
     ExpectRel(m.Reaction(1, 1)[2], -(P - k * w), 1e-9, "root reaction");
     ExpectRel(m.Force(1, 0.0, 1)[3], -(P - k * w) * L, 1e-9, "root moment");
     ExpectRel(m.s->GetLoadcasePtr(1)->GetSumReaForces(2), P, 1e-9, "reactions with the spring");
+    // The spring has no design sections, so no section forces, and no reaction record.
+    int a = 0, b = 0;
+    double f[6];
+    EXPECT_EQ(m.s->GetResBasePtr()->SectionForceInBase(0, 0, 0, 3, 0.0, 1, 1, a, b, f), 0);
+    EXPECT_EQ(m.s->GetResBasePtr()->NodeReactionInBase(0, 0, 0, 4, 1, 1, f), 0);
     m.ExpectBalanced(1);
 }
 

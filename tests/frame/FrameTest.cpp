@@ -1,13 +1,18 @@
 #include "frame/Frame.h"
 #include "model/Analysis.h"
 #include "model/AnalysisRun.h"
+#include "model/Displace.h"
 #include "model/Model.h"
 #include "model/Structure.h"
 #include "platform/Machine.h"
+#include "platform/Sinks.h"
+#include "store/MemResBase.h"
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <memory>
+#include <string>
 #include <vector>
 
 using namespace kelo;
@@ -17,6 +22,7 @@ namespace {
 // One run on nodes and elements put straight into its lists.
 struct Bench {
     Bench() : s(2), analysis(1, "Test"), model(1, "Model"), run(&s, &analysis, &model, nullptr) {
+        s.CreateDefaultContents(2, 0);
         run.SetMemResBasePtr(s.GetResBasePtr());
         run.SetLog(&log, &log);
     }
@@ -27,6 +33,35 @@ struct Bench {
     }
     CElement* Elem(int no, int n1, int n2) {
         return run.GetElementList().Add(std::make_unique<CElement>(no, n1, n2, 0, 0));
+    }
+    // A beam along X of the section A 0.2 m2, IL 0.01, IM 0.005, IN 0.02 m4, E 30000 MPa, with N
+    // along +Z.
+    CElement* Beam(int no, int n1, int n2) {
+        if (!s.GetRefLinePtr(0)->GetKeySectionPtr(1)) {
+            std::string text = "SECTINS 1 1 30000 0.2 0.2 0.01 0.005 0.02\r\n";
+            s.CommandConvert(&text, &log, 0);
+        }
+        CElement* e = Elem(no, n1, n2);
+        e->SetSectionNo(1);
+        e->SetSectionPtr(s.GetRefLinePtr(0)->GetKeySectionPtr(1));
+        e->SetLocAxisCode(3);
+        e->SetNDirCode(3);
+        return e;
+    }
+    // A cantilever of `n` elements of 1 m along X fixed at node 1, with P = 50 kN down at its tip.
+    void Cantilever(int n) {
+        Node(1, 0, 0, 0, {1, 1, 1, 1, 1, 1});
+        for (int i = 1; i <= n; ++i) {
+            Node(i + 1, i, 0, 0);
+            Beam(i, i, i + 1);
+        }
+        CLoadcase* lc = run.GetLoadcaseList().Add(std::make_unique<CLoadcase>(1, "Tip"));
+        lc->AddLoad(std::make_unique<CLoad>(1, n, 4, 3, -50.0, 1.0, 0.0, 0.0));
+    }
+    double Uz(int node) const {
+        CDisplace d;
+        s.GetResBasePtr()->NodeDisplaceInBase(0, 0, 0, node, 1, 1, &d);
+        return d.GetUz();
     }
     CFrame& Frame() {
         run.UpdatePointers();
@@ -203,4 +238,169 @@ TEST(FrameNodeOrder, SegmentsOrderedByCentreAndWalked) {
     ASSERT_EQ(chain.Frame().GetSegments().size(), 1u);
     EXPECT_EQ(chain.Frame().GetSegments()[0].Nodes, (std::vector<int>{1, 2, 3, 4}));
     EXPECT_EQ(chain.Order(), (std::vector<int>{4, 3, 2, 1}));
+}
+
+namespace {
+
+// A machine of `bytes` of memory for one test.
+struct Memory {
+    explicit Memory(std::uint64_t bytes) : machine(bytes, {2024, 1, 1, 12, 0, 0}) {
+        SetMachine(&machine);
+    }
+    ~Memory() { SetMachine(nullptr); }
+    FixedMachine machine;
+};
+
+} // namespace
+
+// Block sizes of a cantilever of 20 elements: 126 equations, band w = 12, one load case (L = 1).
+// - 1 GB: every candidate exceeds the 126 equations, one block of 126.
+// - 5000 bytes: A = 2000, B = 500, C = 400 hold the demands (404, 44.25 and 18); the smallest
+//   candidate is (2A - w) / (4 (w + L) + 1) = 75.25, so 75 rounded up to whole nodes, 78, and two
+//   blocks. Two blocks of 78 rows of 13 doubles (16 kB) don't fit 0.6 of 5000 bytes: the store
+//   refuses them and the run fails.
+// - 1000 bytes: the demand (2w + 6L + 1) w + 2L (w - 2) + w = 404 raises A to 1404, and A + B +
+//   C = 1584 exceeds 0.6 P = 600.
+TEST(FrameBlocks, BlockSizeFromTheMachinesMemory) {
+    {
+        Memory m(1ull << 30);
+        Bench b;
+        b.Cantilever(20);
+        CFrame& f = b.Frame();
+        int neq = 0, band = 0, S = 0, nBlocks = 0, nModes = 0;
+        f.PrepareSystemInput(neq);
+        ASSERT_EQ(f.PrepareAnalysis(neq, 20, band, S, nBlocks, nModes, 0), 1);
+        EXPECT_EQ(neq, 126);
+        EXPECT_EQ(band, 12);
+        EXPECT_EQ(S, 126);
+        EXPECT_EQ(nBlocks, 1);
+    }
+    {
+        Memory m(5000);
+        Bench b;
+        b.Cantilever(20);
+        CFrame& f = b.Frame();
+        int neq = 0, band = 0, S = 0, nBlocks = 0, nModes = 0;
+        f.PrepareSystemInput(neq);
+        ASSERT_EQ(f.PrepareAnalysis(neq, 20, band, S, nBlocks, nModes, 0), 1);
+        EXPECT_EQ(S, 78);
+        EXPECT_EQ(nBlocks, 2);
+        EXPECT_EQ(f.GetMaxBlocks(), 0);
+        EXPECT_EQ(f.RunSystemAnalysis(), 0);
+        EXPECT_NE(b.log.find("Too many blocks\r\n"), std::string::npos) << b.log;
+        EXPECT_EQ(b.run.GetRunStatistics(2), 78);
+        EXPECT_EQ(b.run.GetRunStatistics(3), 2);
+    }
+    {
+        Memory m(1000);
+        Bench b;
+        b.Cantilever(20);
+        EXPECT_EQ(b.Frame().RunSystemAnalysis(), 0);
+        EXPECT_NE(b.log.find(std::string(CFrame::MessageText(41009)) + "\r\n"), std::string::npos)
+            << b.log;
+    }
+    {
+        // Wind and earthquake runs have no stiffness step: nothing is sized.
+        Bench b;
+        b.Cantilever(2);
+        b.run.SetAnType(5);
+        int band = -7, S = -7, nBlocks = -7, nModes = -7;
+        EXPECT_EQ(b.Frame().PrepareAnalysis(18, 2, band, S, nBlocks, nModes, 0), 1);
+        EXPECT_EQ(band, -7);
+        EXPECT_EQ(S, -7);
+        EXPECT_EQ(nBlocks, -7);
+    }
+    {
+        // An eigenvalue run is never solved in one block: 18 equations make two of 9, and the
+        // model gets one record per mode.
+        Memory m(1ull << 30);
+        Bench b;
+        b.Cantilever(2);
+        b.run.SetAnType(4);
+        b.model.SetNoOfModes(3);
+        int neq = 0, band = 0, S = 0, nBlocks = 0, nModes = 0;
+        b.Frame().PrepareSystemInput(neq);
+        ASSERT_EQ(b.Frame().PrepareAnalysis(neq, 2, band, S, nBlocks, nModes, 0), 1);
+        EXPECT_EQ(nModes, 3);
+        EXPECT_EQ(nBlocks, 2);
+        EXPECT_EQ(S, 9);
+        EXPECT_EQ(b.model.GetEigenModeList().GetCount(), 3u);
+    }
+}
+
+// The system assembled in blocks of two nodes (12 equations, six blocks for a cantilever of ten
+// elements) gives the same tip deflection as one block: P L^3 / 3EI with P = 50 kN, L = 10 m, EI
+// = 3e5 kNm2.
+TEST(FrameBlocks, ManyBlocksSolveAsOne) {
+    Memory m(1ull << 30);
+    Bench b;
+    b.Cantilever(10);
+    CFrame& f = b.Frame();
+    int neq = 0, band = 0, S = 0, nBlocks = 0, nModes = 0;
+    f.PrepareSystemInput(neq);
+    ASSERT_EQ(f.PrepareAnalysis(neq, 10, band, S, nBlocks, nModes, 0), 1);
+    ASSERT_EQ(neq, 66);
+    ASSERT_EQ(f.MakeLoadMatrix(12, 6, 1), 1);
+    ASSERT_EQ(f.AddStiffness(10, 1, band, 6, 12), 1);
+    ASSERT_EQ(f.SolveEquations(neq, 1, band, 6, 12), 1);
+    EXPECT_NEAR(b.Uz(11), -50.0 * 1000.0 / (3 * 3e5), 1e-12);
+}
+
+// Diagonal rules of the assembly, on two elements 1-2 and 2-3 along X with node 2 fixed in every
+// freedom and a node 4 that no element uses. Node 2 gets the penalty from both elements, 2e20,
+// brought back to 1e20; node 4 has nothing and gets 1e20 in all six; the axial diagonal of node
+// 1 is the element's own EA/L = 3e7 * 0.2 / 5 = 1.2e6 kN/m. The load sums of the case are the
+// applied forces: the 50 kN down.
+TEST(FrameAssembly, DiagonalRules) {
+    Memory m(1ull << 30);
+    Bench b;
+    b.Node(1, 0, 0, 0);
+    b.Node(2, 5, 0, 0, {1, 1, 1, 1, 1, 1});
+    b.Node(3, 10, 0, 0);
+    b.Node(4, 20, 0, 0);
+    b.Beam(1, 1, 2);
+    b.Beam(2, 2, 3);
+    CLoadcase* lc = b.run.GetLoadcaseList().Add(std::make_unique<CLoadcase>(1, "Point"));
+    lc->AddLoad(std::make_unique<CLoad>(1, 2, 4, 3, -50.0, 2.0, 0.0, 0.0));
+    CFrame& f = b.Frame();
+    int neq = 0, band = 0, S = 0, nBlocks = 0, nModes = 0;
+    f.PrepareSystemInput(neq);
+    ASSERT_EQ(f.PrepareAnalysis(neq, 2, band, S, nBlocks, nModes, 0), 1);
+    ASSERT_EQ(f.MakeLoadMatrix(S, nBlocks, 1), 1);
+    ASSERT_EQ(f.AddStiffness(2, 1, band, nBlocks, S), 1);
+    CBandSolver* solver = f.GetSolver();
+    for (int i = 7; i <= 12; ++i) EXPECT_EQ(solver->GetStiffness(i, i), 1e20) << i;
+    for (int i = 19; i <= 24; ++i) EXPECT_EQ(solver->GetStiffness(i, i), 1e20) << i;
+    EXPECT_DOUBLE_EQ(solver->GetStiffness(1, 1), 1.2e6);
+    EXPECT_DOUBLE_EQ(solver->GetStiffness(1, 7), -1.2e6);
+    EXPECT_DOUBLE_EQ(lc->GetSumAppForces(2), -50.0);
+    EXPECT_DOUBLE_EQ(lc->GetSumAppForces(0), 0.0);
+}
+
+// Outside batch mode a message is shown in a box of its kind as well as logged; in batch mode it
+// only goes to the log.
+TEST(FrameMessages, BoxOutsideBatchModeLogAlways) {
+    struct Boxes : MessageSink {
+        std::vector<std::pair<MsgKind, std::string>> shown;
+        int Show(MsgKind kind, const std::string& text) override {
+            shown.emplace_back(kind, text);
+            return 1;
+        }
+    } boxes;
+    Bench b;
+    b.s.SetMessageSink(&boxes);
+    const std::string extra = "Node no.: 7";
+    b.run.SetBatch(1);
+    b.Frame().DisplayMessage(3, 41003, &extra);
+    EXPECT_TRUE(boxes.shown.empty());
+    b.run.SetBatch(0);
+    b.Frame().DisplayMessage(4, 41006, nullptr);
+    ASSERT_EQ(boxes.shown.size(), 1u);
+    EXPECT_EQ(boxes.shown[0].first, MsgKind::Error);
+    EXPECT_EQ(boxes.shown[0].second,
+              "Error!\n\nSystem with no degrees of freedom! Run will be terminated!\r\n");
+    EXPECT_EQ(b.log,
+              "Warning!\n\nNegative Stiffness value on main diagonal!\r\nNode no.: 7\r\n"
+              "Error!\n\nSystem with no degrees of freedom! Run will be terminated!\r\n\r\n");
+    b.s.SetMessageSink(nullptr);
 }
