@@ -1,4 +1,6 @@
 #include "frame/Frame.h"
+#include "frame/ModeRes.h"
+#include "frame/ModelElemRes.h"
 #include "model/Analysis.h"
 #include "model/AnalysisRun.h"
 #include "model/Displace.h"
@@ -403,4 +405,51 @@ TEST(FrameMessages, BoxOutsideBatchModeLogAlways) {
               "Warning!\n\nNegative Stiffness value on main diagonal!\r\nNode no.: 7\r\n"
               "Error!\n\nSystem with no degrees of freedom! Run will be terminated!\r\n\r\n");
     b.s.SetMessageSink(nullptr);
+}
+
+// Section forces of a dynamic load case from its modes. Both modes have the shape of the
+// cantilever (L = 4 m, EI = 3e5 kNm2) under P = 50 kN down at the tip, uz = -P x^2 (3L - x) /
+// 6EI and ry = P x (2L - x) / 2EI, whose root moment is -PL = -200 kNm. With amplitudes 2 and
+// -1.5 the modes combine by the root of the sum of squares to 2.5 PL; a single mode keeps its
+// sign, -2 PL. The run leaves one property record per element.
+TEST(FrameSectionForces, ModesOfADynamicCaseCombineBySquareRootOfSquares) {
+    for (const int lastMode : {2, 1}) {
+        Bench b;
+        b.run.SetAnType(5);
+        b.Cantilever(2);
+        b.run.GetElementList().Get(1)->GetDesignSectionList().Emplace(0.0, 0, 0);
+        CLoadcase* lc = b.run.GetLoadcaseList().Get(1);
+        lc->GetLoadList().RemoveAll();
+        auto dyn = std::make_unique<CDynLoad>();
+        dyn->SetFirstMode(1);
+        dyn->SetLastMode(lastMode);
+        lc->SetDynLoadPtr(std::move(dyn));
+        CMemResBase* store = b.s.GetResBasePtr();
+        const double P = 50, L = 2, EI = 3e5, amplitude[2] = {2.0, -1.5};
+        for (int mode = 1; mode <= 2; ++mode) {
+            auto res = std::make_shared<CModeRes>(mode, 1, amplitude[mode - 1]);
+            store->LoadcaseModeResInBase(0, 5, 1, mode, 1, &res);
+            for (int node = 1; node <= 3; ++node) {
+                const double x = node - 1.0;
+                CDisplace d(node, mode, 1, 0, 0, -P * x * x * (3 * L - x) / (6 * EI), 0,
+                            P * x * (2 * L - x) / (2 * EI), 0);
+                store->EigenModeDisplInBase(0, 5, 1, node, 1, mode, &d);
+            }
+        }
+        CFrame& f = b.Frame();
+        ASSERT_EQ(f.UpdateElementProperties(), 1);
+        ASSERT_EQ(f.CalcSectionForces(), 1);
+        int a = 0, c = 0;
+        double forces[6] = {};
+        ASSERT_EQ(store->SectionForceInBase(0, 0, 0, 1, 0.0, 1, 1, a, c, forces), 1);
+        if (lastMode == 2)
+            EXPECT_NEAR(forces[3], 2.5 * P * L, 1e-9);
+        else
+            EXPECT_NEAR(forces[3], -2.0 * P * L, 1e-9);
+        std::shared_ptr<CModelElemRes> record;
+        ASSERT_EQ(store->ModelElemResInBase(0, 0, 1, 2, &record), 1);
+        EXPECT_DOUBLE_EQ(record->GetArea(), 0.2);
+        EXPECT_DOUBLE_EQ(record->GetMomInertL(), 0.01);
+        EXPECT_DOUBLE_EQ(record->GetYoungsModulus(), 30000.0);
+    }
 }
