@@ -1,9 +1,13 @@
+#include "frame/Frame.h"
 #include "model/AnalysisEngine.h"
 
 namespace kelo {
 
-// The frame solver's stages are not part of this build yet: a project starts without an engine,
-// and every run ends at its first stage with a log line that names the stage.
-AnalysisEngineFactory DefaultAnalysisEngineFactory() { return {}; }
+// The frame solver is the engine of every run of a new project.
+AnalysisEngineFactory DefaultAnalysisEngineFactory() {
+    return [](CAnalysisRun& run) -> std::unique_ptr<CAnalysisEngine> {
+        return std::make_unique<CFrame>(run);
+    };
+}
 
 } // namespace kelo

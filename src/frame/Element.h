@@ -18,7 +18,6 @@ class CNode;
 class CKeySection;
 class CStructure;
 class CMember;
-class CStructure;
 class CLoad;
 
 // A point along an element where results are designed: position and the node whose

@@ -19,7 +19,8 @@ public:
     KELO_FIELD(double, Y, 0.0)
     KELO_FIELD(double, Z, 0.0)
     KELO_ARRAY_FIELD(int, Fix, 6)
-    KELO_FIELD(int, State, 0)
+    // 1: active, in the analysis; any other value leaves the node out of the equations.
+    KELO_FIELD(int, State, 1)
     KELO_FIELD(int, Visible, 1)
     KELO_FIELD(int, RefLineNo, 0)
     KELO_FIELD(int, RefLineConnect, 0)

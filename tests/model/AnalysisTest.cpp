@@ -288,6 +288,7 @@ TEST(ExpandCalcGroup, EachTypeTakesItsKindOfLoadCase) {
 // stage, which is not there: the run fails, and the old results of its case are gone.
 TEST(RunAnalysis, AnsolveEndsAtTheFirstMissingStage) {
     Project p;
+    p.s.SetAnalysisEngineFactory({});
     p.Run("LOAD 1 1 1 3 1 ZDIR 25\r\nCALCGRP 1 STATIC 1 \"Dead\"\r\nANALYSIS 1 1 1 \"Static "
           "run\"");
     p.s.GetLoadcasePtr(1)->SetResults(1);
