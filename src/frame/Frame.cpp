@@ -1,5 +1,6 @@
 #include "frame/Frame.h"
 
+#include "frame/CombServer.h"
 #include "frame/Element.h"
 #include "frame/ModeRes.h"
 #include "frame/ModelElemRes.h"
@@ -122,9 +123,28 @@ bool CFrame::Provides(EAnalysisStage stage) const {
     case EAnalysisStage::ReactionForces:
     case EAnalysisStage::SectionForces:
         return (AnType >= 1 && AnType <= 3) || AnType == 5 || AnType == 6;
+    case EAnalysisStage::OrdCombinations:
+    case EAnalysisStage::SortCombinations:
+    case EAnalysisStage::SortLineCombinations:
+        return true;
     default:
         return false;
     }
+}
+
+int CFrame::ProsessOrdCombinations() {
+    return CCombServer::ProsessOrdCombinations(Structure(), m_run.GetMemResBasePtr(),
+                                               m_run.GetInfo());
+}
+
+int CFrame::ProsessSortCombinations() {
+    return CCombServer::ProsessSortCombinations(Structure(), m_run.GetMemResBasePtr(),
+                                                m_run.GetInfo());
+}
+
+int CFrame::ProsessSortLineCombinations() {
+    return CCombServer::ProsessSortLineCombinations(Structure(), m_run.GetMemResBasePtr(),
+                                                    m_run.GetInfo());
 }
 
 int CFrame::GeomFlag() const {

@@ -64,6 +64,10 @@ public:
     int RunSystemAnalysis() override;
     int CalcReactionForces() override;
     int CalcSectionForces() override;
+    // Combinations of stored results; the frame hands them to the combination server.
+    int ProsessOrdCombinations() override;
+    int ProsessSortCombinations() override;
+    int ProsessSortLineCombinations() override;
     // One property record per element of the model in the result store.
     int MakeModelElementResults(int modelNo);
 

@@ -81,6 +81,7 @@ public:
     }
     void Log(const std::string& text) const;
     void LogError(const std::string& text) const;
+    std::string* GetInfo() const { return Info; }
 
 private:
     CStructure* Structure;

@@ -43,8 +43,7 @@ TEST(AnalysisRunExample, StaticRunCompletes) {
               1)
         << r.out;
     EXPECT_EQ(Count(r.out, "\r\nCurrent time:  "), 1) << r.out;
-    EXPECT_EQ(Count(r.out, "Load combination is not available yet: ProsessOrdCombinations!"), 1)
-        << r.out;
+    EXPECT_EQ(Count(r.out, "Preparing ord. combinations"), 1) << r.out;
 
     CStructure s(2);
     s.CreateDefaultContents(2, 0);
@@ -58,4 +57,12 @@ TEST(AnalysisRunExample, StaticRunCompletes) {
     EXPECT_NEAR(reaction[2], -(P * b / L + M / L), 1e-9 * P);
     ASSERT_EQ(s.GetResBasePtr()->NodeReactionInBase(0, 0, 0, 5, 1, 3, reaction), 1);
     EXPECT_NEAR(reaction[2], -M / L, 1e-9 * P);
+
+    // Combination 1 is 1.35 (case 1 + case 2) + 1.5 case 3, the factor of case 3 given in two
+    // lines (1.35 + 0.15); its support reaction at node 1 is that sum of the case reactions.
+    double r1[6] = {}, r2[6] = {}, comb[6] = {};
+    ASSERT_EQ(s.GetResBasePtr()->NodeReactionInBase(0, 0, 0, 1, 1, 1, r1), 1);
+    ASSERT_EQ(s.GetResBasePtr()->NodeReactionInBase(0, 0, 0, 1, 1, 2, r2), 1);
+    ASSERT_EQ(s.GetResBasePtr()->NodeReactionInBase(0, 0, 0, 1, 2, 1, comb), 1);
+    EXPECT_NEAR(comb[2], 1.35 * (r1[2] + r2[2]) + 1.5 * -(P * b / L + M / L), 1e-9 * P);
 }
