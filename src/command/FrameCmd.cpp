@@ -380,21 +380,25 @@ int CFrameCmd::AxisnodeDataCheck(double* values, int showDialog) {
     return AxisNodeCheck(values, false, showDialog);
 }
 
-int CFrameCmd::Axisnode(std::string& rest, int showDialog) {
-    double v[9] = {1.0, 1.0, 1.0, 0.0, 0.0, 0.0, 0.0, 0.0};
-    std::string text;
-    const int check = ReadValues(kAxisnode, rest, v, 8, text, showDialog);
-    if (check < -1) return check;
+int CFrameCmd::NodesBetweenAxes(double* v, double offset1, double offset2, int check) {
     CRefLine* line = Structure().GetRefLinePtr(ToInt(v[3]));
     if (!line) return check;
     double s1 = 0.0, s2 = 0.0;
     int missing = 0;
     // A missing axis ends the command.
-    if (!AxisStations(v, *line, ToInt(v[4]), ToInt(v[5]), v[6], v[7], s1, s2, missing))
+    if (!AxisStations(v, *line, ToInt(v[4]), ToInt(v[5]), offset1, offset2, s1, s2, missing))
         return check;
     NodesAlongLine(v, *line, s1, s2);
     m_cmd.AddChange(kCidAllNodes, nullptr, kWrite);
     return check;
+}
+
+int CFrameCmd::Axisnode(std::string& rest, int showDialog) {
+    double v[9] = {1.0, 1.0, 1.0, 0.0, 0.0, 0.0, 0.0, 0.0};
+    std::string text;
+    const int check = ReadValues(kAxisnode, rest, v, 8, text, showDialog);
+    if (check < -1) return check;
+    return NodesBetweenAxes(v, v[6], v[7], check);
 }
 
 int CFrameCmd::Axis2nodDataCheck(double* values, int showDialog) {
@@ -406,15 +410,7 @@ int CFrameCmd::Axis2nod(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadValues(kAxis2nod, rest, v, 7, text, showDialog);
     if (check < -1) return check;
-    CRefLine* line = Structure().GetRefLinePtr(ToInt(v[3]));
-    if (!line) return check;
-    double s1 = 0.0, s2 = 0.0;
-    int missing = 0;
-    if (!AxisStations(v, *line, ToInt(v[4]), ToInt(v[5]), v[6], v[6], s1, s2, missing))
-        return check;
-    NodesAlongLine(v, *line, s1, s2);
-    m_cmd.AddChange(kCidAllNodes, nullptr, kWrite);
-    return check;
+    return NodesBetweenAxes(v, v[6], v[6], check);
 }
 
 int CFrameCmd::NodecoordDataCheck(double* values, int showDialog) {

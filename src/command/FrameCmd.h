@@ -100,6 +100,9 @@ private:
     int StationsOnLine(const double* range, CRefLine& line, double s1, double s2, int showDialog);
     // Stations of two axes of a line plus offsets. Answers 0 and the number of a missing axis;
     // the second axis is needed only for a range of more than one node.
+    // Nodes along the line v[3] between the axes v[4] and v[5] at the two offsets: the shared
+    // body of AXISNODE and AXIS2NOD.
+    int NodesBetweenAxes(double* v, double offset1, double offset2, int check);
     int AxisStations(const double* values, const CRefLine& line, int axis1, int axis2,
                      double offset1, double offset2, double& s1, double& s2, int& missing) const;
     // The check of AXISNODE (an offset to each axis) and AXIS2NOD (one offset to both).

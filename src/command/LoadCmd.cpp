@@ -1400,24 +1400,30 @@ int CLoadCmd::EarthquaDataCheck(double* v, int showDialog) {
     return 0;
 }
 
+CDynLoad& CLoadCmd::AttachDynLoad(const double* v, const std::string& text) {
+    CLoadcase* lc = FindOrMakeLoadcase(Int(v[0]), NameOf(text), 3);
+    auto dyn = std::make_unique<CDynLoad>();
+    dyn->SetFirstMode(Int(v[1]));
+    dyn->SetLastMode(Int(v[2]));
+    CDynLoad& held = *dyn;
+    lc->SetDynLoadPtr(std::move(dyn));
+    lc->SetDynamic();
+    m_cmd.AddChange(kCidAllDynloads, nullptr, kWriteAction);
+    return held;
+}
+
 int CLoadCmd::Earthqua(std::string& rest, int showDialog) {
     double v[10] = {1.0, 1.0, 1.0, 1.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
     std::string text;
     const int check = ReadAndCheck(kEarthqua, rest, v, 9, text, showDialog);
     if (check < -1) return check;
-    CLoadcase* lc = FindOrMakeLoadcase(Int(v[0]), NameOf(text), 3);
-    auto dyn = std::make_unique<CDynLoad>();
-    dyn->SetFirstMode(Int(v[1]));
-    dyn->SetLastMode(Int(v[2]));
-    dyn->SetGroundAcc(v[3]);
-    dyn->SetScaleX(v[4]);
-    dyn->SetScaleY(v[5]);
-    dyn->SetScaleZ(v[6]);
-    dyn->SetEarthquakeSpectraNo(Int(v[7]));
-    dyn->SetDamping(v[8]);
-    lc->SetDynLoadPtr(std::move(dyn));
-    lc->SetDynamic();
-    m_cmd.AddChange(kCidAllDynloads, nullptr, kWriteAction);
+    CDynLoad& dyn = AttachDynLoad(v, text);
+    dyn.SetGroundAcc(v[3]);
+    dyn.SetScaleX(v[4]);
+    dyn.SetScaleY(v[5]);
+    dyn.SetScaleZ(v[6]);
+    dyn.SetEarthquakeSpectraNo(Int(v[7]));
+    dyn.SetDamping(v[8]);
     return check;
 }
 
@@ -1437,19 +1443,13 @@ int CLoadCmd::Dynwind(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kDynwind, rest, v, 9, text, showDialog);
     if (check < -1) return check;
-    CLoadcase* lc = FindOrMakeLoadcase(Int(v[0]), NameOf(text), 3);
-    auto dyn = std::make_unique<CDynLoad>();
-    dyn->SetFirstMode(Int(v[1]));
-    dyn->SetLastMode(Int(v[2]));
-    dyn->SetWindSpeed(v[3]);
-    dyn->SetWindDirection(v[4]);
-    dyn->SetRoughness(v[5]);
-    dyn->SetDamping(v[6]);
-    dyn->SetWindSpectraNo(Int(v[7]));
-    dyn->SetGroundLevel(v[8]);
-    lc->SetDynLoadPtr(std::move(dyn));
-    lc->SetDynamic();
-    m_cmd.AddChange(kCidAllDynloads, nullptr, kWriteAction);
+    CDynLoad& dyn = AttachDynLoad(v, text);
+    dyn.SetWindSpeed(v[3]);
+    dyn.SetWindDirection(v[4]);
+    dyn.SetRoughness(v[5]);
+    dyn.SetDamping(v[6]);
+    dyn.SetWindSpectraNo(Int(v[7]));
+    dyn.SetGroundLevel(v[8]);
     return check;
 }
 

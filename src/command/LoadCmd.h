@@ -4,6 +4,8 @@
 
 namespace kelo {
 
+class CDynLoad;
+
 class CStructure;
 class CStructureCmd;
 class CLoadcase;
@@ -90,6 +92,8 @@ private:
     bool CheckWarnings() const;
     // The load case of the number, made with the type when missing; a name given renames it.
     CLoadcase* FindOrMakeLoadcase(int no, const std::string& name, int type);
+    // A new dynamic load on the case of v[0] (made when missing) with the modes v[1] to v[2].
+    CDynLoad& AttachDynLoad(const double* v, const std::string& text);
     // Deletes calculated results before runs: kind 0 with scope 0 the load case and combination
     // results, any other call the combination results. Results given by FORCE and DISPL stay.
     void DeleteCalcResults(int kind, int scope);
