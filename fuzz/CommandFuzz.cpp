@@ -12,7 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         auto* s = new kelo::CStructure(2);
         s->CreateDefaultContents(2, 0);
         // Loops are bounded far lower than in real use, so that each input runs in moments.
-        s->GetStructureCmd()->SetMaxLoopRounds(2000);
+        s->GetStructureCmd()->SetMaxLoopRounds(100);
         return s;
     }();
     std::string text(reinterpret_cast<const char*>(data), size);
