@@ -1,21 +1,159 @@
 #pragma once
 
+#include "geometry/TenElemGeom.h"
+#include "geometry/TendonElemRes.h"
+#include "geometry/TendonGeom.h"
 #include "platform/Field.h"
+#include "platform/ObList.h"
 #include "platform/Object.h"
 
+#include <array>
+#include <memory>
 #include <string>
 
 namespace kelo {
 
-// A prestressing tendon; its path and forces are laid out along the elements it runs through.
+class CStructure;
+class CKeySection;
+
+// A prestressing tendon of a frame model. Its path is given in pieces in two planes, as offsets
+// from the beam elements or from a reference line: N (the local z of the elements, vertical in
+// the section) and L (the local y, horizontal in the section). GenerateTendonGeom lays the
+// pieces onto the elements; CalcTendonLossesByVector finds the force along the tendon after
+// friction, anchor slip and the time losses.
+//
+// Units: Area in mm² (one tendon of the bundle), DuctDiameter in mm, GroutStrength in MPa,
+// SpaceLDir/SpaceNDir and LOffset/NOffset in mm, Stress1/Stress2 in percent of the
+// characteristic strength; the piece values of the path are in metres.
 class CTendon : public CObject {
 public:
     CTendon() = default;
     CTendon(int no, std::string name) : No(no), Name(std::move(name)) {}
+    CTendon(const CTendon& other);
+    CTendon& operator=(const CTendon& other);
+    ~CTendon() override;
     int KeyNo() const { return No; }
+
     KELO_FIELD(int, No, 0)
     KELO_FIELD(std::string, Name, "")
+    // 0: slip given in mm, slip zone by the friction curve; 1: slip given as a length in m,
+    // taken off linearly over it.
     KELO_FIELD(int, Type, 0)
+    KELO_FIELD(int, External, 0)
+    // 0: pieces by elements; 1: by stations on RefLineNo; 2: by axes of RefLineNo.
+    KELO_FIELD(int, GeomType, 0)
+    KELO_FIELD(int, RefLineNo, 0)
+    // Reference of the offsets: 1 element axis; 2 upper face; 3 lower face; 4 reference line;
+    // 5 both offsets face based.
+    KELO_FIELD(int, RelativeType, 1)
+    KELO_FIELD(int, RelPointNo, -1)
+    KELO_FIELD(int, MatParNo, 1)
+    KELO_FIELD(int, DesParNo, 1)
+    KELO_FIELD(double, Area, 0.0)
+    KELO_FIELD(double, DuctDiameter, 0.0)
+    KELO_FIELD(double, GroutStrength, 0.0)
+    KELO_FIELD(int, NoOfTendons, 1)
+    KELO_FIELD(double, SpaceLDir, 0.0)
+    KELO_FIELD(double, SpaceNDir, 0.0)
+    KELO_FIELD(int, ConnectTendon, 0)
+    KELO_FIELD(double, LOffset, 0.0)
+    KELO_FIELD(double, NOffset, 0.0)
+    KELO_FIELD(double, Stress1, 0.0)
+    KELO_FIELD(double, Stress2, 0.0)
+    KELO_FIELD(int, StressCode, 1)
+    // Tendon group number of the tendon in section design (0: none).
+    KELO_FIELD(int, GroupNo, 0)
+    // Elongations at the two ends in mm, and the developed length in m, from the last loss run.
+    KELO_FIELD(double, Elongation1, 0.0)
+    KELO_FIELD(double, Elongation2, 0.0)
+    KELO_FIELD(double, TotalLength, 0.0)
+    KELO_FIELD(double, TotalAngle, 0.0)
+
+public:
+    // ---- loss parameters, in the order mu, k, slip, shrinkage (per mille), creep (per mille),
+    // relaxation lower limit (%), upper limit (%), relaxation loss at the upper limit (%). The
+    // slip is stored for both ends.
+    void SetLossParam(double mu, double k, double slip, double shrinkage, double creep,
+                      double relaxLow, double relaxHigh, double relaxLoss);
+    void GetLossParam(double* mu, double* k, double* slip, double* shrinkage, double* creep,
+                      double* relaxLow, double* relaxHigh, double* relaxLoss) const;
+    double GetMu() const { return Mu; }
+    double GetK() const { return Wobble; }
+    double GetSlip1() const { return Slip1; }
+    double GetSlip2() const { return Slip2; }
+    void SetSlip2(double v) { Slip2 = v; }
+    void SetStressParam(double stress1, double stress2, int stressCode);
+    void GetStressParam(double* stress1, double* stress2, int* stressCode) const;
+    // Jacking stresses to 0: a tendon that is not stressed.
+    void DeleteStressData();
+
+    // ---- path pieces. Pieces keep the order in which they were given.
+    COwnedList<CTendonGeom>* GetTendonGeomListL() { return &GeomL; }
+    COwnedList<CTendonGeom>* GetTendonGeomListN() { return &GeomN; }
+    const COwnedList<CTendonGeom>* GetTendonGeomListL() const { return &GeomL; }
+    const COwnedList<CTendonGeom>* GetTendonGeomListN() const { return &GeomN; }
+    // The N list (the one the path is mainly given in); the structure is not needed to read it.
+    COwnedList<CTendonGeom>* GetTendonGeomList(CStructure*) { return &GeomN; }
+    CTendonGeom* AddTendonGeomL(std::unique_ptr<CTendonGeom> piece);
+    CTendonGeom* AddTendonGeomN(std::unique_ptr<CTendonGeom> piece);
+    // Removes pieces, element geometry and element results.
+    void DeleteAllGeom();
+    // The span of the N pieces: stations (GeomType 1, 2) or elements (0) of the first and last.
+    int GetTendonNGeom(double* from, double* to) const;
+
+    // ---- element geometry, by element number
+    CObList<CTenElemGeom>* GetTenElemGeomList() { return &ElemGeom; }
+    const CObList<CTenElemGeom>* GetTenElemGeomList() const { return &ElemGeom; }
+    CTenElemGeom* GetTenElemGeomPtr(int element) const { return ElemGeom.Get(element); }
+    // Lays the pieces onto the elements. 1, or 0 with the reason appended to errors.
+    int GenerateTendonGeom(CStructure* structure, std::string* errors);
+
+    // ---- element results of the loss run, in the order of the walk
+    COwnedList<CTendonElemRes>* GetTendonElemResList() { return &ElemRes; }
+    const COwnedList<CTendonElemRes>* GetTendonElemResList() const { return &ElemRes; }
+    CTendonElemRes* GetTendonElemResPtr(int element) const;
+    void DeleteTenElementData();
+    // Rows of (x/L, force kN per tendon, y offset m, z offset m, 0, 0) of the element's points
+    // into rows (at most 11); count gets their number. 1 if the element has data, else 0.
+    int GetTenElementData(int element, int* count, double (*const rows)[6]) const;
+
+    // ---- state: a tendon is up to date when its geometry and losses were worked out after the
+    // last change of the tendon or of the model parts it depends on.
+    // Geometry and losses made again: 1, or 0 if either fails.
+    int Update(CStructure* structure, int listLevel = 0, int flag = 0);
+    int IsUpdate(int listLevel = 0, int flag = 0) const;
+    void SetUpdated(int v) { Updated = v; }
+
+    double CalcTendonLength() const;
+    // Curvature 1/r of the arc through three points; -99 unless x1 < x2 < x3.
+    static double CalcCurvature(double x1, double x2, double x3, double y1, double y2, double y3);
+
+    // ---- losses and forces
+    // Walks the tendon, fills the element results and the elongations. text gets the listing
+    // tables when listLevel asks for them (0 none, 1 points, 2 points with losses). 1 or 0.
+    int CalcTendonLossesByVector(std::string* text, CStructure* structure, int listLevel);
+    double CalcRelaxLoss(double stressPercent) const;
+    // Strain in per mille at a station of the tendon's line (GeomType 1, 2), or at x/L of an
+    // element (GeomType 0). 1 found, 0 not (strain 0).
+    int CalcStrainByStation(double station, CStructure* structure, double* strain) const;
+    int CalcStrainByElement(int element, double xi, CStructure* structure, double* strain) const;
+
+    // The section's tendon group from this tendon: one point per tendon of the bundle, named
+    // "T: %i.%i", at the offsets of the path at the section. 1, or 0 with the reason in text.
+    int GenerateSectionPrest(CStructure* structure, CKeySection* section, int groupNo, int flag,
+                             std::string* text);
+
+    // Offsets added by the tendons this one is connected to, in metres (recursive, with a
+    // guard against a ring of connections).
+    void GetRelInfo(CStructure* structure, double* addL, double* addN) const;
+
+private:
+    double Mu = 0.0, Wobble = 0.0, Slip1 = 0.0, Slip2 = 0.0, Shrinkage = 0.0, Creep = 0.0,
+           RelaxLow = 0.0, RelaxHigh = 0.0, RelaxLoss = 0.0;
+    int Updated = 0;
+    COwnedList<CTendonGeom> GeomL, GeomN;
+    CObList<CTenElemGeom> ElemGeom;
+    COwnedList<CTendonElemRes> ElemRes;
 };
 
 } // namespace kelo
