@@ -1715,9 +1715,9 @@ int CLoadCmd::Buckldes(std::string& rest, int showDialog) {
 
 // Values: kind (1 input data listing, 2 frame results, 3 design results), append (0 a new file,
 // 1 APPEND), then the values of the kind: for 1 the listing code and the range from, to, step;
-// for 2 item, load, leading, sort, sort component and the ranges of items and loads; for 3 item,
-// combination kind and presentation. The text is the extension of the file, which takes the
-// document's name.
+// for 2 item, load, leading, sort, sort component, the ranges of items and loads and the element
+// whose local axes the displacements are turned into; for 3 item, combination kind and
+// presentation. The text is the extension of the file, which takes the document's name.
 int CLoadCmd::OutputDataCheck(double* v, int showDialog) {
     if (!CheckErrors()) return 0;
     const int kind = Int(v[0]);
@@ -1729,9 +1729,12 @@ int CLoadCmd::OutputDataCheck(double* v, int showDialog) {
 }
 
 int CLoadCmd::Output(std::string& rest, int showDialog) {
-    double v[12] = {1.0, 0.0, 0.0, -1.0, 0.0, 1.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
+    // The sixth value is a step of 1 for kind 1 but the sort of kind 2, which keeps number order
+    // when it is not given: the default is told apart from any value a user can give.
+    constexpr double kNotGiven = -1.0e300;
+    double v[13] = {1.0, 0.0, 0.0, -1.0, 0.0, kNotGiven, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
     std::string text;
-    const int check = ReadAndCheck(kOutput, rest, v, 11, text, showDialog);
+    const int check = ReadAndCheck(kOutput, rest, v, 12, text, showDialog);
     if (check < -1) return check;
     std::string extension = Trim(text);
     if (extension.empty()) extension = "lis";
@@ -1750,7 +1753,7 @@ int CLoadCmd::Output(std::string& rest, int showDialog) {
     if (kind == 1) {
         CListServer server(&S());
         server.SetType(1);
-        server.SetInterval(Int(v[3]), Int(v[4]), Int(v[5]));
+        server.SetInterval(Int(v[3]), Int(v[4]), v[5] == kNotGiven ? 1 : Int(v[5]));
         server.MakeListing(Int(v[2]), listing);
     } else if (kind == 2) {
         // Item, family, leading, sort and sort component, then the numbers of the items and of
@@ -1759,10 +1762,11 @@ int CLoadCmd::Output(std::string& rest, int showDialog) {
         order.Item = Int(v[2]);
         order.Load = Int(v[3]) < 0 ? 0 : Int(v[3]);
         order.Leading = Int(v[4]);
-        order.Sort = Int(v[5]);
+        order.Sort = v[5] == kNotGiven ? 0 : Int(v[5]);
         order.SortComp = Int(v[6]);
         order.AddItemInterval(Int(v[7]) == 0 ? -1 : Int(v[7]), Int(v[8]));
         order.AddLoadInterval(Int(v[9]) == 0 ? -1 : Int(v[9]), Int(v[10]));
+        order.LocalElemAxis = Int(v[11]);
         std::vector<std::string> pieces;
         if (order.MakeListingFromResOrder(&S(), pieces))
             for (const std::string& piece : pieces) listing += piece;

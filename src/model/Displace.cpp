@@ -46,4 +46,20 @@ void CDisplace::Set(int i, double v) {
     }
 }
 
+void CDisplace::Transform(const double axes[3][3]) {
+    const double u[3] = {Ux, Uy, Uz};
+    const double r[3] = {Rotx, Roty, Rotz};
+    double tu[3] = {0.0, 0.0, 0.0};
+    double tr[3] = {0.0, 0.0, 0.0};
+    for (int i = 0; i < 3; ++i)
+        for (int j = 0; j < 3; ++j) {
+            tu[i] += axes[i][j] * u[j];
+            tr[i] += axes[i][j] * r[j];
+        }
+    for (int i = 0; i < 3; ++i) {
+        Set(i, tu[i]);
+        Set(i + 3, tr[i]);
+    }
+}
+
 } // namespace kelo

@@ -36,6 +36,9 @@ public:
     // The six values in the order Ux, Uy, Uz, Rotx, Roty, Rotz (index 0 to 5).
     double Get(int i) const;
     void Set(int i, double v);
+    // Turns the translations and the rotations into the axes whose unit vectors, in global X, Y,
+    // Z, are the rows of `axes`: an element's TransMatrix turns them into its local L, M, N.
+    void Transform(const double axes[3][3]);
 
 private:
     int NodeNo = 0;
