@@ -1,11 +1,16 @@
 #include "platform/Text.h"
 
 #include <cctype>
+#include <cmath>
 #include <cstdarg>
 #include <cstdio>
 #include <vector>
 
 namespace kelo {
+
+double ListedValue(double v, int decimals) {
+    return std::fabs(v) < 0.5 * std::pow(10.0, -decimals) ? 0.0 : v;
+}
 
 std::string Format(const char* fmt, ...) {
     va_list args;

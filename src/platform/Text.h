@@ -8,6 +8,10 @@ namespace kelo {
 // printf-style formatting into a std::string; every fixed-column line of a listing goes through it.
 std::string Format(const char* fmt, ...) __attribute__((format(printf, 1, 2)));
 
+// A value for a fixed-decimal column of `decimals` places: one that would print as a negative
+// zero ("-0.00") is given as 0, so that a zero looks alike whatever its sign or rounding noise.
+double ListedValue(double v, int decimals);
+
 // ASCII upper-casing: keywords and aliases are compared without regard to case.
 std::string MakeUpper(std::string s);
 std::string TrimLeft(const std::string& s);

@@ -68,12 +68,6 @@ void AddLine(std::vector<std::string>& out, const std::string& line) {
     out.back() += line;
 }
 
-// A value as printed with `decimals` places: what would print as "-0.00" prints as "0.00", so
-// that a zero of either sign looks alike.
-double Tidy(double v, int decimals) {
-    return std::fabs(v) < 0.5 * std::pow(10.0, -decimals) ? 0.0 : v;
-}
-
 // Every number of `intervals` that `all` holds; From -1 or -2 stands for all of them.
 template <class List>
 std::vector<int> Numbers(const std::vector<CInterval>& intervals, const List& all) {
@@ -282,10 +276,12 @@ int CFrameResOrder::MakeListingFromResOrder(CStructure* s, std::vector<std::stri
             }
             if (Sort == 0 && !firstCase) AddLine(out, kCrLf);
             firstCase = false;
-            AddLine(out, Format("%5d   %-20s%12.2f%12.2f%12.2f\r\n", no, "Sum applied loads",
-                                Tidy(app[0], 2), Tidy(app[1], 2), Tidy(app[2], 2)));
-            AddLine(out, Format("%5d   %-20s%12.2f%12.2f%12.2f\r\n", no, "Sum reaction forces",
-                                Tidy(rea[0], 2), Tidy(rea[1], 2), Tidy(rea[2], 2)));
+            AddLine(out,
+                    Format("%5d   %-20s%12.2f%12.2f%12.2f\r\n", no, "Sum applied loads",
+                           ListedValue(app[0], 2), ListedValue(app[1], 2), ListedValue(app[2], 2)));
+            AddLine(out,
+                    Format("%5d   %-20s%12.2f%12.2f%12.2f\r\n", no, "Sum reaction forces",
+                           ListedValue(rea[0], 2), ListedValue(rea[1], 2), ListedValue(rea[2], 2)));
         }
         return 1;
     }
@@ -339,7 +335,7 @@ int CFrameResOrder::MakeListingFromResOrder(CStructure* s, std::vector<std::stri
         AddLine(out,
                 Format("%10s%10s%10s%10s%10s%10s%10s\r\n", "", kKn, kKn, kKn, kKnm, kKnm, kKnm));
         std::string line = "DB. sum  :";
-        for (const double v : sum) line += Format("%10.1f", Tidy(v, 1));
+        for (const double v : sum) line += Format("%10.1f", ListedValue(v, 1));
         AddLine(out, line + kCrLf);
         if (missing) AddLine(out, "Error! not all results were found!\r\n");
         return 1;
@@ -425,17 +421,20 @@ int CFrameResOrder::MakeListingFromResOrder(CStructure* s, std::vector<std::stri
         if (fam.Rows == 1) {
             const auto v = Columns(Item, b.V[0]);
             if (Item == kDispl)
-                AddLine(out, Format("%5d %4d %9.3f %9.3f %9.3f %14.8f %14.8f %14.8f\r\n", lead,
-                                    inner, Tidy(v[0], 3), Tidy(v[1], 3), Tidy(v[2], 3),
-                                    Tidy(v[3], 8), Tidy(v[4], 8), Tidy(v[5], 8)));
+                AddLine(out,
+                        Format("%5d %4d %9.3f %9.3f %9.3f %14.8f %14.8f %14.8f\r\n", lead, inner,
+                               ListedValue(v[0], 3), ListedValue(v[1], 3), ListedValue(v[2], 3),
+                               ListedValue(v[3], 8), ListedValue(v[4], 8), ListedValue(v[5], 8)));
             else if (Item == kForce)
                 AddLine(out, Format("%5d%7.2f%5d%12.2f%12.2f%12.2f%12.2f%12.2f%12.2f\r\n", lead,
-                                    b.X, inner, Tidy(v[0], 2), Tidy(v[1], 2), Tidy(v[2], 2),
-                                    Tidy(v[3], 2), Tidy(v[4], 2), Tidy(v[5], 2)));
+                                    b.X, inner, ListedValue(v[0], 2), ListedValue(v[1], 2),
+                                    ListedValue(v[2], 2), ListedValue(v[3], 2),
+                                    ListedValue(v[4], 2), ListedValue(v[5], 2)));
             else
-                AddLine(out, Format("%5d%5d%12.2f%12.2f%12.2f%12.2f%12.2f%12.2f\r\n", lead, inner,
-                                    Tidy(v[0], 2), Tidy(v[1], 2), Tidy(v[2], 2), Tidy(v[3], 2),
-                                    Tidy(v[4], 2), Tidy(v[5], 2)));
+                AddLine(out,
+                        Format("%5d%5d%12.2f%12.2f%12.2f%12.2f%12.2f%12.2f\r\n", lead, inner,
+                               ListedValue(v[0], 2), ListedValue(v[1], 2), ListedValue(v[2], 2),
+                               ListedValue(v[3], 2), ListedValue(v[4], 2), ListedValue(v[5], 2)));
             continue;
         }
         if (onElements)
@@ -449,21 +448,24 @@ int CFrameResOrder::MakeListingFromResOrder(CStructure* s, std::vector<std::stri
             const auto v = Columns(Item, b.V[r]);
             const char* name = Item == kForce ? kRowLong[r] : kRowShort[r];
             if (Item == kDispl) {
-                const std::string values = Format(" %9.3f %9.3f %9.3f %14.8f %14.8f %14.8f\r\n",
-                                                  Tidy(v[0], 3), Tidy(v[1], 3), Tidy(v[2], 3),
-                                                  Tidy(v[3], 8), Tidy(v[4], 8), Tidy(v[5], 8));
+                const std::string values =
+                    Format(" %9.3f %9.3f %9.3f %14.8f %14.8f %14.8f\r\n", ListedValue(v[0], 3),
+                           ListedValue(v[1], 3), ListedValue(v[2], 3), ListedValue(v[3], 8),
+                           ListedValue(v[4], 8), ListedValue(v[5], 8));
                 if (fam.K == 5)
                     AddLine(out, Format("%-12s", name) + values);
                 else
                     AddLine(out, Format("%5i%3s%-12s", b.StoredNo[r], "", name) + values);
             } else if (fam.K == 5 && Item == kForce) {
                 AddLine(out, Format("%-12s%11.2f%11.2f%11.2f%11.2f%11.2f%11.2f%8i\r\n", name,
-                                    Tidy(v[0], 2), Tidy(v[1], 2), Tidy(v[2], 2), Tidy(v[3], 2),
-                                    Tidy(v[4], 2), Tidy(v[5], 2), b.Source[r]));
+                                    ListedValue(v[0], 2), ListedValue(v[1], 2),
+                                    ListedValue(v[2], 2), ListedValue(v[3], 2),
+                                    ListedValue(v[4], 2), ListedValue(v[5], 2), b.Source[r]));
             } else {
                 const std::string values =
-                    Format("%11.2f%11.2f%11.2f%11.2f%11.2f%11.2f\r\n", Tidy(v[0], 2), Tidy(v[1], 2),
-                           Tidy(v[2], 2), Tidy(v[3], 2), Tidy(v[4], 2), Tidy(v[5], 2));
+                    Format("%11.2f%11.2f%11.2f%11.2f%11.2f%11.2f\r\n", ListedValue(v[0], 2),
+                           ListedValue(v[1], 2), ListedValue(v[2], 2), ListedValue(v[3], 2),
+                           ListedValue(v[4], 2), ListedValue(v[5], 2));
                 if (fam.K == 5)
                     AddLine(out, Format("%-12s", name) + values);
                 else

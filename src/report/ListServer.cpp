@@ -1,12 +1,16 @@
 #include "report/ListServer.h"
 
 #include "command/StructureCmd.h"
+#include "frame/CombServer.h"
+#include "frame/ModelElemRes.h"
 #include "model/AnalysisRun.h"
 #include "model/Structure.h"
 #include "platform/Machine.h"
 #include "platform/Text.h"
+#include "store/MemResBase.h"
 
 #include <cmath>
+#include <memory>
 #include <numbers>
 #include <set>
 #include <utility>
@@ -47,6 +51,39 @@ void NumberLines(std::string& out, const std::vector<int>& numbers, std::size_t 
         out += Format("%7d", numbers[i]);
         if ((i + 1) % perLine == 0 || i + 1 == numbers.size()) out += kCrLf;
     }
+}
+
+// A working copy of an element with its nodes from `nodes` and its section from line 0, with its
+// local axes and length made from the present coordinates; null when they can't be had.
+std::unique_ptr<CElement> ElementWithAxes(CStructure* s, const CElement& e,
+                                          const CObList<CNode>& nodes) {
+    auto copy = std::make_unique<CElement>(e);
+    copy->SetNodeNo1Ptr(nodes.Get(e.GetNodeNo1()));
+    copy->SetNodeNo2Ptr(nodes.Get(e.GetNodeNo2()));
+    copy->SetNodeNo3Ptr(nodes.Get(e.GetNodeNo3()));
+    if (!copy->GetSectionPtr() && e.GetSectionNo() > 0)
+        copy->SetSectionPtr(s->GetKeySectionPtr(0, e.GetSectionNo()));
+    if (!copy->MakeTransMatrix(s)) return nullptr;
+    return copy;
+}
+
+// The stiffness of an element in its local axes. The element gives it in global axes,
+// K = T^t k T with T its axes four times on the diagonal, so k = T K T^t.
+bool LocalStiffness(CStructure* s, CElement& e, double k[12][12]) {
+    double K[12][12];
+    if (!e.MakeStiffMatrix(s, K, nullptr, 1, 0)) return false;
+    double TK[12][12] = {};
+    for (int i = 0; i < 12; ++i)
+        for (int j = 0; j < 12; ++j)
+            for (int m = (i / 3) * 3; m < (i / 3) * 3 + 3; ++m)
+                TK[i][j] += e.GetTransMatrix(i % 3, m % 3) * K[m][j];
+    for (int i = 0; i < 12; ++i)
+        for (int j = 0; j < 12; ++j) {
+            k[i][j] = 0.0;
+            for (int m = (j / 3) * 3; m < (j / 3) * 3 + 3; ++m)
+                k[i][j] += TK[i][m] * e.GetTransMatrix(j % 3, m % 3);
+        }
+    return true;
 }
 
 // The factors of a combination: code, number and factor, one a line.
@@ -280,21 +317,21 @@ int CListServer::ListingOf(int code, std::string& out) const {
     case 406:
         return MakeRefLineColumnListing(out);
     case 410:
-        return MakeNotAvailable(out, "Reference line geometry, NYLP");
+        return MakeNYLPListing(out);
     case 420:
         return MakeSectPropertyDataListing(out);
     case 421:
         return MakeSectGeometryDataListing(out);
     case 422:
-        return MakeNotAvailable(out, "Section parameter data");
+        return MakeSectParameterDataListing(out);
     case 423:
-        return MakeNotAvailable(out, "Section connection data");
+        return MakeConnectSectDataListing(out);
     case 424:
-        return MakeNotAvailable(out, "Section point coordinate table");
+        return MakeSectGeometryCoordListing(out);
     case 501:
         return MakeAllModelListing(out);
     case 503:
-        return MakeNotAvailable(out, "Model specific element results");
+        return MakeModelElemResListing(out);
     case 504:
         return MakeModelModificationListing(out);
     case 505:
@@ -312,7 +349,7 @@ int CListServer::ListingOf(int code, std::string& out) const {
     case 603:
         return MakeSortCombLineListing(out);
     case 701:
-        return MakeNotAvailable(out, "Coordinate systems");
+        return MakeCoordSysListing(out);
     case 710:
         return MakeRunStatisticsListing(out);
     case 711:
@@ -322,7 +359,7 @@ int CListServer::ListingOf(int code, std::string& out) const {
     case 720:
         return MakeMemberListing(out);
     case 722:
-        return MakeNotAvailable(out, "Participating mass");
+        return MakePartisipateMassListing(out);
     case 723: {
         MakeTitle(out, "Defined user alias");
         out += Format("%-32s %15s\r\n", "Alias", "Value");
@@ -336,7 +373,7 @@ int CListServer::ListingOf(int code, std::string& out) const {
     case 805:
         return MakeDocStatustListing(out);
     case 806:
-        return MakeNotAvailable(out, "Combination Tracer");
+        return MakeCombTracerListing(out);
     case 1001:
         return MakeElemStiffAsciiListing(out);
     case 1002:
@@ -611,7 +648,15 @@ int CListServer::MakeElementListing(std::string& out, int withMatrix) const {
             out += Format("%6d%7d%7d%9.3f%9s%7d%7.2f    %-14s  %-14s%s%3s\r\n", e->GetNo(),
                           e->GetNodeNo1(), e->GetNodeNo2(), length, "By RfL", e->GetNodeNo3(),
                           e->GetAlpha(), end1.c_str(), end2.c_str(), warn, "");
-        (void)withMatrix;
+        if (!withMatrix) continue;
+        double k[12][12];
+        const std::unique_ptr<CElement> work = ElementWithAxes(Structure, *e, *nodes);
+        if (!work || !LocalStiffness(Structure, *work, k)) continue;
+        out += "Stiffness matrix - local axis:\r\n";
+        for (const auto& row : k) {
+            for (const double v : row) out += Format("%15e", v);
+            out += kCrLf;
+        }
     }
     return 1;
 }
@@ -889,6 +934,84 @@ int CListServer::MakeRefLineColumnListing(std::string& out) const {
     return 1;
 }
 
+int CListServer::MakeNYLPListing(std::string& out) const {
+    MakeTitle(out, "Reference line geometry, NYLP");
+    for (const CRefLine* r : *Structure->GetRefLineList()) {
+        if (r->GetVerSegmentList().IsEmpty()) continue;
+        out += Format("%-16s%5d   %s\r\n", "Reference line:", r->GetNo(), r->GetName().c_str());
+        // A leg from its start: station, level, grade (rise over length) and the radius of its
+        // rounding, 0 for a straight grade; the end of the last leg closes the profile. The
+        // grades are worked out on a copy of each leg from its end points, so that they hold
+        // also before the line has been recalculated.
+        out +=
+            Format("%6s%6s%12s%10s%10s%12s\r\n", "Leg", "Type", "Station", "Z", "Grade", "Radius");
+        out += Format("%6s%6s%12s%10s%10s%12s\r\n", "", "", "[m]", "[m]", "[-]", "[m]");
+        std::unique_ptr<CVerSegment> last;
+        for (const CVerSegment* v : r->GetVerSegmentList()) {
+            last = std::make_unique<CVerSegment>(*v);
+            last->CalculateAndValidate();
+            out += Format("%6d%6d%12.3f%10.3f%10.5f%12.1f\r\n", v->GetVerSegNo(), v->GetType(),
+                          v->GetStartStation(), v->GetStartZ(),
+                          last->CalcZDirVector(v->GetStartStation()), v->GetRadius());
+        }
+        out += Format("%6s%6s%12.3f%10.3f%10.5f\r\n", "End", "", last->GetEndStation(),
+                      last->GetEndZ(), last->CalcZDirVector(last->GetEndStation()));
+        out += kCrLf;
+    }
+    return 1;
+}
+
+int CListServer::MakeSectParameterDataListing(std::string& out) const {
+    MakeTitle(out, "Section parameter data");
+    out += Format("%6s%12s%7s%6s%8s%8s%8s%8s%10s  %s\r\n", "Rfl", "Station", "Sect", "Type",
+                  "MatType", "MatPar", "DesPar", "SectDes", "EffThick", "Name");
+    out += Format("%6s%12s%53s\r\n", "", "[m]", "[m]");
+    for (const CRefLine* r : *Structure->GetRefLineList())
+        for (const CKeySection* k : r->GetKeySectionList())
+            out += Format("%6d%12.3f%7d%6d%8d%8d%8d%8d%10.3f  %s\r\n", r->GetNo(),
+                          k->GetStationNo(), k->GetNo(), k->GetType(), k->GetMatType(),
+                          k->GetMatParNo(), k->GetDesParNo(), k->GetSectDesParNo(),
+                          k->GetEffectivThicness(), k->GetName().c_str());
+    return 1;
+}
+
+int CListServer::MakeConnectSectDataListing(std::string& out) const {
+    MakeTitle(out, "Section connection data");
+    // How a section hangs on its line: by the offsets of its origin, by one of its points, or by
+    // a point with offsets.
+    out += Format("%6s%12s%7s%10s%10s%9s%9s\r\n", "Rfl", "Station", "Sect", "DeltaX", "DeltaY",
+                  "Connect", "Point");
+    out += Format("%6s%12s%7s%10s%10s\r\n", "", "[m]", "", "[m]", "[m]");
+    for (const CRefLine* r : *Structure->GetRefLineList())
+        for (const CKeySection* k : r->GetKeySectionList())
+            out += Format("%6d%12.3f%7d%10.3f%10.3f%9d%9d\r\n", r->GetNo(), k->GetStationNo(),
+                          k->GetNo(), k->GetDeltaX(), k->GetDeltaY(), k->GetConnectType(),
+                          k->GetConnectSectPointNo());
+    return 1;
+}
+
+int CListServer::MakeSectGeometryCoordListing(std::string& out) const {
+    MakeTitle(out, "Section point coordinate table");
+    for (const CRefLine* r : *Structure->GetRefLineList())
+        for (const CKeySection* k : r->GetKeySectionList()) {
+            if (k->GetSectPointList().GetCount() == 0) continue;
+            out += Format("%-16s%5d%12s%10.3f%8s%5d   %s\r\n", "Reference line:", r->GetNo(),
+                          "Station:", k->GetStationNo(), "Sect:", k->GetNo(), k->GetName().c_str());
+            // Section coordinates x across and y up from the section's origin, and the point's
+            // place in global axes.
+            out +=
+                Format("%9s%6s%10s%10s%12s%12s%12s\r\n", "Point", "Type", "x", "y", "X", "Y", "Z");
+            out +=
+                Format("%9s%6s%10s%10s%12s%12s%12s\r\n", "", "", "[m]", "[m]", "[m]", "[m]", "[m]");
+            for (const auto& p : k->GetSectPointList())
+                out +=
+                    Format("%9.2f%6d%10.3f%10.3f%12.3f%12.3f%12.3f\r\n", p->GetNo(), p->GetType(),
+                           p->GetX(), p->GetY(), p->GetXg(), p->GetYg(), p->GetZg());
+            out += kCrLf;
+        }
+    return 1;
+}
+
 // ------------------------------------------------------------------------- models, analyses
 
 int CListServer::MakeAllModelListing(std::string& out) const {
@@ -971,6 +1094,30 @@ int CListServer::MakeConSeqListing(std::string& out) const {
         out += Format("%6d%10.2f%10.2f  %s\r\n", c->GetNo(), c->GetBirth(), c->GetTermination(),
                       c->GetName().c_str());
         NumberLines(out, c->GetElemNoArray(), 10);
+    }
+    return 1;
+}
+
+int CListServer::MakeModelElemResListing(std::string& out) const {
+    MakeTitle(out, "Model specific element results");
+    CMemResBase* store = Structure->GetResBasePtr();
+    for (const CModel* m : *Structure->GetModelList()) {
+        out += Format("%-16s%3s%-i\r\n", "MODEL NO.", " : ", m->GetModelNo());
+        out += Format("%-16s%3s%-32s\r\n", "Model name", " : ", m->GetModelName().c_str());
+        out += Format("%6s%11s%11s%11s%11s%9s%11s%9s%9s%9s%9s\r\n", "Elem", "A", "IL", "IM", "IN",
+                      "E", "N", "Lk-L", "Lk-N", "LLk-L", "LLk-N");
+        out += Format("%6s%11s%11s%11s%11s%9s%11s%9s%9s%9s%9s\r\n", "", "[m2]", "[m4]", "[m4]",
+                      "[m4]", "[MPa]", "[kN]", "[m]", "[m]", "[m]", "[m]");
+        for (const CElement* e : *Structure->GetElementList()) {
+            std::shared_ptr<CModelElemRes> r;
+            if (!store->ModelElemResInBase(0, 0, m->GetModelNo(), e->GetNo(), &r) || !r) continue;
+            out += Format("%6d%11.5f%11.6f%11.6f%11.6f%9.0f%11.2f%9.3f%9.3f%9.3f%9.3f\r\n",
+                          e->GetNo(), r->GetArea(), r->GetMomInertL(), r->GetMomInertM(),
+                          r->GetMomInertN(), r->GetYoungsModulus(), r->GetAxialForce(),
+                          r->GetBucklingLengthL(), r->GetBucklingLengthN(),
+                          r->GetLatBucklingLengthL(), r->GetLatBucklingLengthN());
+        }
+        out += kCrLf;
     }
     return 1;
 }
@@ -1060,6 +1207,91 @@ int CListServer::MakeEqulibriumCheckListing(std::string& out) const {
                       lc->GetSumAppForces(1), lc->GetSumAppForces(2));
         out += Format("        %33s%-20s%12.2f%12.2f%12.2f\r\n", "", "Sum reaction forces",
                       lc->GetSumReaForces(0), lc->GetSumReaForces(1), lc->GetSumReaForces(2));
+    }
+    return 1;
+}
+
+int CListServer::MakeCoordSysListing(std::string& out) const {
+    MakeTitle(out, "Coordinate systems");
+    MakeModelHeader(out);
+    out += "Global axes: X and Y in plan, Z up; plan angles counter-clockwise from X.\r\n";
+    out += "Local element axes: M from node 1 to node 2, L = M x N.\r\n\r\n";
+    // Each local axis as a unit vector in global X, Y, Z.
+    out += Format("%6s%5s%10s%10s%10s\r\n", "Elem", "Axis", "X", "Y", "Z");
+    const char* const axes[3] = {"L", "M", "N"};
+    const CObList<CNode>* nodes = FindNodeList();
+    for (const CElement* e : *FindElementList()) {
+        const std::unique_ptr<CElement> work = ElementWithAxes(Structure, *e, *nodes);
+        if (!work) continue;
+        for (int i = 0; i < 3; ++i)
+            out += Format("%6d%5s%10.5f%10.5f%10.5f\r\n", e->GetNo(), axes[i],
+                          work->GetTransMatrix(i, 0), work->GetTransMatrix(i, 1),
+                          work->GetTransMatrix(i, 2));
+    }
+    return 1;
+}
+
+int CListServer::MakePartisipateMassListing(std::string& out) const {
+    MakeTitle(out, "Participating mass");
+    // The modal masses belong to the eigenvalue run; a mode whose run left none shows "-".
+    for (CModel* m : *Structure->GetModelList()) {
+        if (m->GetEigenModeList().IsEmpty()) continue;
+        out += Format("%-11s%5d\r\n", "Model no.:", m->GetModelNo());
+        out += Format("%6s%10s%10s%10s%10s%10s%10s%10s%10s%10s\r\n", "Mode:", "Freq.", "Modal MX",
+                      "Modal MY", "Modal MZ", "Modal RMX", "Modal RMY", "Modal RMZ", "Sum Modal",
+                      "Modal K");
+        out += Format("%6s%10s%10s%10s%10s%10s%10s%10s%10s%10s\r\n", "", "[Hz]", "[ton]", "[ton]",
+                      "[ton]", "[ton]", "[ton]", "[ton]", "[ton]", "[kN/m]");
+        for (const CModeRecord* r : m->GetEigenModeList()) {
+            out += Format("%6i%10.3f", r->GetNo(), r->GetValue());
+            for (int i = 0; i < 8; ++i) out += Format("%10s", "-");
+            out += kCrLf;
+        }
+        out += kCrLf;
+    }
+    return 1;
+}
+
+int CListServer::MakeCombTracerListing(std::string& out) const {
+    MakeTitle(out, "Combination Tracer");
+    CCombServer server(Structure);
+    // One pair a column: load case and its factor in the combination.
+    const auto pairs = [](const std::vector<CLoadfact>& facts) {
+        std::string text;
+        for (const CLoadfact& f : facts) text += Format("%6d%8.3f", f.GetNo(), f.GetFact());
+        return text + kCrLf;
+    };
+    for (const CLoadcomb* c : *Structure->GetLoadcombList()) {
+        out += Format("%-13s%5d%5s   %s\r\n", "Combination:", c->GetLoadcombNo(),
+                      LimitStateName(c->GetLimitState()), c->GetName().c_str());
+        std::vector<CLoadfact> facts;
+        server.SplitLoadComb(c, &facts, 1.0, 0, 0, 0.0);
+        out += Format("%6s%8s\r\n", "Lc", "Factor") + pairs(facts) + kCrLf;
+    }
+    // The sorted combinations: at each design section the cases behind each governing row, by
+    // the combination's method, read from the stored results.
+    static const char* const kRows[12] = {"PL-Max", "PM-Max", "PN-Max", "ML-Max",
+                                          "MM-Max", "MN-Max", "PL-Min", "PM-Min",
+                                          "PN-Min", "ML-Min", "MM-Min", "MN-Min"};
+    for (const CSortComb* c : *Structure->GetSortCombList()) {
+        out += Format("%-13s%5d%5s%9s%3d   %s\r\n", "Sorted comb.:", c->GetSortCombNo(),
+                      LimitStateName(c->GetLimitState()), "Method:", c->GetCombMethod(),
+                      c->GetName().c_str());
+        out +=
+            Format("%6s%7s  %-8s%11s  %s\r\n", "Elem", "X/L", "Row", "Value", "Lc and factor ...");
+        for (const CElement* e : *Structure->GetElementList())
+            for (const CDesignSection* d : e->GetDesignSectionList())
+                for (int r = 0; r < 12; ++r) {
+                    const double x = d->GetXoverL();
+                    std::vector<CLoadfact> facts;
+                    if (!server.SplitSortComb(c, &facts, 1.0, r, e->GetNo(), x)) continue;
+                    const double value = server.GetResult(CCombServer::kSortCombRow0 + r, r,
+                                                          c->GetSortCombNo(), e->GetNo(), x);
+                    out += Format("%6d%7.2f  %-8s%11.2f", e->GetNo(), x, kRows[r],
+                                  ListedValue(value, 2)) +
+                           pairs(facts);
+                }
+        out += kCrLf;
     }
     return 1;
 }

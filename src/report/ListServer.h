@@ -77,7 +77,8 @@ public:
     int MakeNodeListing(std::string& out) const;
     int MakeBoundaryListing(std::string& out) const;
     int MakeMasterSlaveListing(std::string& out) const;
-    // With `withMatrix` the element's stiffness terms follow each line when they are known.
+    // With `withMatrix` each element's stiffness matrix in its local axes follows its line, when
+    // its nodes and section values can be had.
     int MakeElementListing(std::string& out, int withMatrix) const;
     int MakeElementStiffnessListing(std::string& out) const;
     int MakeMassListing(std::string& out) const;
@@ -98,6 +99,17 @@ public:
     int MakeSectGeometryDataListing(std::string& out) const;
     int MakeRefLineColumnListing(std::string& out) const;
     int MakeSectPropertyDataListing(std::string& out) const;
+    // The vertical profile of each reference line: its legs with station, level, grade and
+    // rounding radius.
+    int MakeNYLPListing(std::string& out) const;
+    // The material, design and section design sets of each key section, and how it hangs on its
+    // line; the points of each key section in section and global coordinates.
+    int MakeSectParameterDataListing(std::string& out) const;
+    int MakeConnectSectDataListing(std::string& out) const;
+    int MakeSectGeometryCoordListing(std::string& out) const;
+    // The element properties that the last run of each model used, as the result store keeps
+    // them.
+    int MakeModelElemResListing(std::string& out) const;
     int MakeAllModelListing(std::string& out) const;
     int MakeModelModificationListing(std::string& out) const;
     int MakeModelEigenModeListing(std::string& out) const;
@@ -110,6 +122,13 @@ public:
     int MakeRunStatisticsListing(std::string& out) const;
     int MakeDefinedSpectrasListing(std::string& out) const;
     int MakeEqulibriumCheckListing(std::string& out) const;
+    // The global axes and the local axes L, M, N of each element.
+    int MakeCoordSysListing(std::string& out) const;
+    // The modal masses of the modes of each model, where the eigenvalue run left them.
+    int MakePartisipateMassListing(std::string& out) const;
+    // The load cases and factors behind each ordinary combination, and behind each governing
+    // row of each sorted combination at each design section.
+    int MakeCombTracerListing(std::string& out) const;
     int MakeMemberListing(std::string& out) const;
     int MakeChangesListing(std::string& out) const;
     int MakeDocStatustListing(std::string& out) const;

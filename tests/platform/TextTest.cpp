@@ -60,3 +60,14 @@ TEST(TextFile, LinesKeepOrGainCrLf) {
     std::remove(path.c_str());
     EXPECT_FALSE(CTextReader("no/such/file").IsOpen());
 }
+
+// A value that would print as a negative zero in its column is given as zero; anything that
+// shows a digit keeps its sign.
+TEST(Text, ListedValueDropsTheSignOfAPrintedZero) {
+    EXPECT_EQ(Format("%.2f", ListedValue(-0.0, 2)), "0.00");
+    EXPECT_EQ(Format("%.2f", ListedValue(-0.004, 2)), "0.00");
+    EXPECT_EQ(Format("%.2f", ListedValue(-0.006, 2)), "-0.01");
+    EXPECT_EQ(Format("%.3f", ListedValue(-0.0004, 3)), "0.000");
+    EXPECT_EQ(Format("%.8f", ListedValue(-3e-9, 8)), "0.00000000");
+    EXPECT_EQ(ListedValue(12.5, 1), 12.5);
+}

@@ -6,7 +6,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdio>
 #include <memory>
+#include <string>
+#include <vector>
 
 using namespace kelo;
 
@@ -274,4 +278,163 @@ TEST(ListServer, MenuGroupsItemsUnknownCodesAndProjectHeader) {
     CListServer::MakeLine(out, 4, 0);
     CListServer::MakeLine(out, 3, 2);
     EXPECT_EQ(out, "----\r\n***\r\n");
+}
+
+namespace {
+
+// A project with its default contents, built by commands as a command file would build it.
+struct CommandModel {
+    CStructure s{2};
+    std::string log;
+    explicit CommandModel(const std::string& text) {
+        s.CreateDefaultContents(2, 0);
+        std::string t = text;
+        EXPECT_EQ(s.CommandConvert(&t, &log, 0), 0) << log;
+    }
+};
+
+std::vector<std::string> SplitLines(const std::string& text) {
+    std::vector<std::string> lines;
+    std::size_t at = 0;
+    for (std::size_t end; (end = text.find("\r\n", at)) != std::string::npos; at = end + 2)
+        lines.push_back(text.substr(at, end - at));
+    return lines;
+}
+
+} // namespace
+
+// A beam of L = 4 m along X with N along +Z, E = 30000 MPa, A = 0.2 m2, IL = 0.01, IM (torsion)
+// 0.005 and IN = 0.02 m4, Poisson 0.2 (G = E / 2.4). In local axes: EA/L = 1.5e6 kN/m on the
+// axial freedoms (M), GIM/L = 15625 kNm on the twist, 12 EIN/L^3 = 112500 kN/m along L (bending
+// about N), 12 EIL/L^3 = 56250 kN/m along N, 4 EIL/L = 3e5 and 4 EIN/L = 6e5 kNm on the
+// rotations about L and N. Its axes: M = +X, N = +Z, L = M x N = -Y.
+TEST(ListServer, ElementStiffnessInLocalAxesAndTheAxesOfEachElement) {
+    CommandModel m("NODE 1 2 1 0 0 0 4 0 0\r\n"
+                   "ELEM 1 1 1 1 2 1\r\n"
+                   "SECTINS 1 1 30000 0.2 0.2 0.01 0.005 0.02\r\n"
+                   "ELSPINS 1 1 1 1 3 ZDIR\r\n");
+    CListServer server(&m.s);
+    const std::string listing = Listing(server, 211);
+    const std::vector<std::string> lines = SplitLines(listing);
+    const auto at = std::find(lines.begin(), lines.end(), "Stiffness matrix - local axis:");
+    ASSERT_NE(at, lines.end()) << listing;
+    ASSERT_GE(lines.end() - at, 13);
+    // The axial row in full: 12 values of "%15e".
+    EXPECT_EQ(*(at + 2), "   0.000000e+00   1.500000e+06   0.000000e+00   0.000000e+00   "
+                         "0.000000e+00   0.000000e+00   0.000000e+00  -1.500000e+06   "
+                         "0.000000e+00   0.000000e+00   0.000000e+00   0.000000e+00");
+    const double diagonal[6] = {112500.0, 1.5e6, 56250.0, 3e5, 15625.0, 6e5};
+    for (int i = 0; i < 12; ++i) {
+        double row[12] = {};
+        ASSERT_EQ(std::sscanf((at + 1 + i)->c_str(),
+                              "%le %le %le %le %le %le %le %le %le %le %le %le", &row[0], &row[1],
+                              &row[2], &row[3], &row[4], &row[5], &row[6], &row[7], &row[8],
+                              &row[9], &row[10], &row[11]),
+                  12);
+        EXPECT_NEAR(row[i], diagonal[i % 6], 1e-6 * diagonal[i % 6]) << "row " << i;
+    }
+    // Without the matrix the same listing has no such lines.
+    EXPECT_EQ(Listing(server, 210).find("Stiffness"), std::string::npos);
+
+    const std::string axes = Listing(server, 701);
+    EXPECT_NE(axes.find("  Elem Axis         X         Y         Z\r\n"
+                        "     1    L   0.00000  -1.00000   0.00000\r\n"
+                        "     1    M   1.00000   0.00000   0.00000\r\n"
+                        "     1    N   0.00000   0.00000   1.00000\r\n"),
+              std::string::npos)
+        << axes;
+}
+
+// A line of two straight grades, 10 m to 11 m over 50 m and back down over the next 50, and a
+// key section at station 40 with three points given in mm.
+TEST(ListServer, VerticalProfileAndKeySectionTables) {
+    CommandModel m("REFLINE 1 1 \"Road\"\r\n"
+                   "RFLHORI 1, 1, 1, 0, 0, 0, 100, 100, 0, 0, 0, 0\r\n"
+                   "RFLVERT 1, 1, 1, 0, 10, 50, 11\r\n"
+                   "RFLVERT 1, 2, 1, 50, 11, 100, 10\r\n"
+                   "XSECT 1, 40, GENERAL, CONCR, 1, 1, 1, \"Mid\"\r\n"
+                   "SECTPT 1, 40, 0, 1, 0, -3000, -2000\r\n"
+                   "SECTPT 1, 40, 0, 2, 0, 3000, -2000\r\n"
+                   "SECTPT 1, 40, 0, 3, 0, 0, 0\r\n");
+    CListServer server(&m.s);
+    EXPECT_EQ(Listing(server, 410), "Reference line geometry, NYLP\r\n"
+                                    "=============================\r\n\r\n"
+                                    "Reference line:     1   Road\r\n"
+                                    "   Leg  Type     Station         Z     Grade      Radius\r\n"
+                                    "                     [m]       [m]       [-]         [m]\r\n"
+                                    "     1     1       0.000    10.000   0.02000         0.0\r\n"
+                                    "     2     1      50.000    11.000  -0.02000         0.0\r\n"
+                                    "   End           100.000    10.000  -0.02000\r\n"
+                                    "\r\n");
+    const std::string params = Listing(server, 422);
+    EXPECT_NE(params.find("     1      40.000      0    13       1       1       1       1     "
+                          "0.000  Mid\r\n"),
+              std::string::npos)
+        << params;
+    const std::string connect = Listing(server, 423);
+    EXPECT_NE(connect.find("     1      40.000      0     0.000     0.000        1       -1\r\n"),
+              std::string::npos)
+        << connect;
+    const std::string points = Listing(server, 424);
+    EXPECT_NE(points.find("Reference line:     1    Station:    40.000   Sect:    0   Mid\r\n"
+                          "    Point  Type         x         y           X           Y           "
+                          "Z\r\n"),
+              std::string::npos)
+        << points;
+    EXPECT_NE(points.find("     1.00     0    -3.000    -2.000"), std::string::npos) << points;
+    EXPECT_NE(points.find("     2.00     0     3.000    -2.000"), std::string::npos) << points;
+}
+
+// A simply supported beam of L = 4 m with one design section at x = 1 m: case 1 q = 10 kN/m down
+// gives M = q x (L - x) / 2 = 15 kNm and shear N -q (L/2 - x) = -10 kN there; case 2, P = 12 kN
+// down at 3 m, M = P x / 4 = 3 kNm and shear N -3 kN. Combination 2 is twice combination 1
+// (1.35 x case 1) plus 1.5 x case 2: the tracer follows it down to 2.7 x case 1 and 1.5 x case 2.
+// Sorted combination 1, WORST of the two cases, takes case 1 in row ML-Max and case 2 in ML-Min.
+TEST(ListServer, ModelElementRecordsModalMassesAndTheCombinationTracer) {
+    CommandModel m("NODE 1 2 1 0 0 0 4 0 0\r\n"
+                   "ELEM 1 1 1 1 2 1\r\n"
+                   "SECTINS 1 1 30000 0.2 0.2 0.01 0.005 0.02\r\n"
+                   "ELSPINS 1 1 1 1 3 ZDIR\r\n"
+                   "BOUNDINS 1 1 1 1 1 1 1 0 0\r\n"
+                   "BOUNDINS 2 2 1 0 1 1 0 0 0\r\n"
+                   "DESGINS 1 1 1 0.25\r\n"
+                   "LOAD 1 3 1 1 1 ZDIR -10 \"Uniform\"\r\n"
+                   "LOAD 2 4 1 1 1 ZDIR -12 3 \"Point\"\r\n"
+                   "SOLVE 1\r\n"
+                   "ORDCOMB 1 LC ULS 1 1.35 \"Dead\"\r\n"
+                   "ORDCOMB 2 OC ULS 1 2.0 \"Twice\"\r\n"
+                   "ORDCOMB 2 LC ULS 2 1.5\r\n"
+                   "SORTCOMB 1 LC ULS WORST 1 1.0 2 1.0 \"Envelope\"\r\n"
+                   "CALCCOMB -1\r\n");
+    CListServer server(&m.s);
+    // The run kept the element's section values for model 1.
+    const std::string records = Listing(server, 503);
+    EXPECT_NE(
+        records.find("     1    0.20000   0.010000   0.005000   0.020000    30000       0.00"),
+        std::string::npos)
+        << records;
+
+    const std::string tracer = Listing(server, 806);
+    EXPECT_NE(tracer.find("Combination:     2  ULS   Twice\r\n"
+                          "    Lc  Factor\r\n"
+                          "     1   2.700     2   1.500\r\n"),
+              std::string::npos)
+        << tracer;
+    EXPECT_NE(tracer.find("     1   0.25  ML-Max        15.00     1   1.000\r\n"),
+              std::string::npos)
+        << tracer;
+    EXPECT_NE(tracer.find("     1   0.25  ML-Min         3.00     2   1.000\r\n"),
+              std::string::npos);
+    EXPECT_NE(tracer.find("     1   0.25  PN-Max        -3.00     2   1.000\r\n"),
+              std::string::npos);
+    EXPECT_NE(tracer.find("     1   0.25  PN-Min       -10.00     1   1.000\r\n"),
+              std::string::npos);
+
+    // Modes with no modal masses from their run show "-" in those columns.
+    m.s.GetModelPtr(1)->GetEigenModeList().Add(std::make_unique<CModeRecord>(1, 2.5));
+    const std::string masses = Listing(server, 722);
+    EXPECT_NE(masses.find("     1     2.500         -         -         -         -         -"
+                          "         -         -         -\r\n"),
+              std::string::npos)
+        << masses;
 }
