@@ -206,6 +206,12 @@ TEST(CombinationListing, ThreeSpanGoverningMomentsAgainstHandSums) {
         at = found;
     }
     const ResultListing res(lis);
+    // The displacements of the characteristic combination in the axes of element 10 (L = -Y,
+    // M = X, N = Z): the middle of the main span sinks along -N.
+    EXPECT_EQ(Count(lis, " Node Comb       UL        UM        UN             RotL       RotM"
+                         "       RotN El:10\r\n"),
+              1);
+    EXPECT_EQ(Count(lis, "\r\n   11    1     0.000     0.000   -"), 1) << lis;
 
     const double q = 150.0, L1 = 30.0, L2 = 40.0, P = 600.0;
     const double MB = -q * (L1 * L1 * L1 + L2 * L2 * L2) / (4 * (2 * (L1 + L2) + L2));
@@ -294,7 +300,9 @@ TEST(CombinationListing, ThreeSpanGoverningMomentsAgainstHandSums) {
 // Sorted combination 1 is WORST of the two: row ML-Max takes case 1 (15 > 3), ML-Min case 2; row
 // PN-Max case 2 (-3 > -10), PN-Min case 1. The components that are 0 in both tie: a maximum row
 // goes to the later case (2), a minimum row stays with the first (1). The listing blocks are
-// written out from their format strings.
+// written out from their format strings. The reactions, listed with the values left at their
+// defaults (all nodes and cases, node leading, number order), are the forces of the beam on its
+// bearings: q L / 2 = 20 kN at both for case 1, P 1 / 4 = 3 and P 3 / 4 = 9 kN for case 2.
 TEST(CombinationListing, WholeBlocksOfASmallGirderAsTheFormatsGiveThem) {
     const std::string text = R"(NODE 1 2 1 0 0 0 4 0 0
 ELEM 1 1 1 1 2 1
@@ -310,6 +318,7 @@ SORTCOMB 1 LC ULS WORST 1 1.0 2 1.0 "Envelope"
 CALCCOMB 2
 OUTPUT 2 0 1 0 1 0 0 0 0 0 0 "lis"
 OUTPUT 2 APPEND 1 3 0 0 0 0 0 0 0 "lis"
+OUTPUT 2 APPEND 2 0 "lis"
 )";
     {
         CTextWriter w;
@@ -360,6 +369,19 @@ OUTPUT 2 APPEND 1 3 0 0 0 0 0 0 0 "lis"
                    "    1   Min Torsion        0.00       0.00     -10.00      15.00       0.00"
                    "       0.00\r\n"
                    "    1   Min Bend-N         0.00       0.00     -10.00      15.00       0.00"
-                   "       0.00\r\n");
+                   "       0.00\r\n"
+                   " Node   Lc          PX          PY          PZ          MX          MY"
+                   "          MZ\r\n"
+                   "                  [kN]        [kN]        [kN]       [kNm]       [kNm]"
+                   "       [kNm]\r\n"
+                   "    1    1        0.00        0.00      -20.00        0.00        0.00"
+                   "        0.00\r\n"
+                   "    1    2        0.00        0.00       -3.00        0.00        0.00"
+                   "        0.00\r\n"
+                   "\r\n"
+                   "    2    1        0.00        0.00      -20.00        0.00        0.00"
+                   "        0.00\r\n"
+                   "    2    2        0.00        0.00       -9.00        0.00        0.00"
+                   "        0.00\r\n");
     std::remove("small_girder.lis");
 }
