@@ -372,3 +372,40 @@ TEST(FrameResOrder, LongListingsComeInPiecesOfWholeLines) {
     const std::size_t last = all.rfind("\r\n", all.size() - 3) + 2;
     EXPECT_EQ(all.substr(last, 40), " 2000    1     0.000     0.000 -2000.000");
 }
+
+// The displacements that belong to the governing sets of a sorted combination, at the node of a
+// design section, in the axes of element 5 (UL = -Uy, UM = Ux, UN = Uz): each row named after
+// the force component that governs it.
+TEST(FrameResOrder, SortedCombinationDisplacementsInLocalAxes) {
+    Girder g;
+    g.s.AddSortComb(std::make_unique<CSortComb>(7, "", 1, 1));
+    for (int r = 0; r < 12; ++r) {
+        const CDisplace d(2, 7, 21 + r, 0.0, 0.001 * r, -0.002, 0.0, 0.0, 0.0);
+        g.store.SetDisplace(21 + r, 7, 2, &d);
+    }
+    CFrameResOrder order;
+    order.Item = 0;
+    order.Load = 3;
+    order.LocalElemAxis = 5;
+    order.AddItemInterval(-1, 0);
+    order.AddLoadInterval(-1, 0);
+    const std::string all = Listing(g.s, order);
+    EXPECT_EQ(all.substr(0, all.find("    7   PL-Min")),
+              "Sort.   Row                 UL        UM        UN           RotL           RotM"
+              "           RotN El:5\r\n"
+              "                          [mm]      [mm]      [mm]          [rad]          [rad]"
+              "          [rad]\r\n"
+              "Sort.Comb No:     7     Node No:     2\r\n"
+              "    7   PL-Max           0.000     0.000    -2.000     0.00000000     0.00000000"
+              "     0.00000000\r\n"
+              "    7   PM-Max          -1.000     0.000    -2.000     0.00000000     0.00000000"
+              "     0.00000000\r\n"
+              "    7   PN-Max          -2.000     0.000    -2.000     0.00000000     0.00000000"
+              "     0.00000000\r\n"
+              "    7   ML-Max          -3.000     0.000    -2.000     0.00000000     0.00000000"
+              "     0.00000000\r\n"
+              "    7   MM-Max          -4.000     0.000    -2.000     0.00000000     0.00000000"
+              "     0.00000000\r\n"
+              "    7   MN-Max          -5.000     0.000    -2.000     0.00000000     0.00000000"
+              "     0.00000000\r\n");
+}
