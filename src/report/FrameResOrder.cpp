@@ -129,9 +129,10 @@ Family FamilyOf(int k) {
     }
 }
 
-// Reads the stored results of one item (node, or element section at x) for one case of the
-// family into `b`; answers whether anything was found. A twelve-row family reads its rows under
-// consecutive numbers (traffic loads) or consecutive result codes (sorted results).
+// Reads stored results of the order's item: a node's displacements (turned into an element's
+// axes when asked, and in mm) or reactions, or the section forces at x along an element. A
+// twelve-row family reads its rows under consecutive numbers (traffic loads) or consecutive
+// result codes (sorted results).
 class Reader {
 public:
     Reader(CStructure& s, const Family& f, int item, const double (*axes)[3])
