@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <numbers>
 #include <set>
 #include <utility>
@@ -25,15 +26,12 @@ constexpr double kDefaultE = 195000.0;
 constexpr double kDefaultF = 1670.0;
 
 // ξ of the i-th of the evenly spaced points of an element.
-double Xi(int i) { return static_cast<double>(i) / (CTendon::kPointsPerElement - 1); }
+double Xi(std::size_t i) { return static_cast<double>(i) / (CTendon::kPointsPerElement - 1); }
 
-double ElementLength(const CStructure& s, int no) {
-    const CElement* e = s.GetElementPtr(no);
-    if (!e) return 0.0;
-    const CNode* n1 = s.GetNodePtr(e->GetNodeNo1());
-    const CNode* n2 = s.GetNodePtr(e->GetNodeNo2());
-    if (!n1 || !n2) return 0.0;
-    return std::hypot(n2->GetX() - n1->GetX(), n2->GetY() - n1->GetY(), n2->GetZ() - n1->GetZ());
+// Whether the path has an N piece on the element: the tendon is where its N path is.
+bool HasNPath(const CTenElemGeom& g) {
+    return g.GetElemGeom(2, 0, nullptr, nullptr, nullptr, nullptr, nullptr) ||
+           g.GetElemGeom(2, 1, nullptr, nullptr, nullptr, nullptr, nullptr);
 }
 
 enum class Chain { Ok, Ring, Missing };
@@ -421,7 +419,7 @@ int CTendon::GenerateTendonGeom(CStructure* structure, std::string* errors) {
                 double run = 0.0;
                 for (int no = first; no <= last; no += step) {
                     CElement* e = structure->GetElementPtr(no);
-                    const double le = ElementLength(*structure, no);
+                    const double le = CTendonGeom::ElementLength(*structure, no);
                     if (!e || le <= 0.0) continue;
                     if (!isBeam(e)) return fail(elementText(no) + "Element is not a beam!\r\n\r\n");
                     const double from = run / length;
@@ -487,75 +485,74 @@ int CTendon::CalcTendonLossesByVector(std::string* text, CStructure* structure, 
     };
     if (Area <= 0.0) return fail("Tendon area is zero!\r\n\r\n");
 
-    // 1. Material (MPa)
+    // Material (MPa)
     double E = kDefaultE, f = kDefaultF;
     if (const CPrestMatPar* m = structure->GetPrestMatParPtr(MatParNo)) {
         E = m->GetEsk() / 1000.0;
         f = m->GetFsk() / 1000.0;
     }
     const double AE = Area * E;
-    // 2. Jacking forces (kN) from stresses in percent of f.
+    // Jacking forces (kN) from stresses in percent of f.
     const bool jack1 = Stress1 > 0.0, jack2 = Stress2 > 0.0;
     const double F1 = jack1 ? Area * f * Stress1 / 100000.0 : 0.0;
     const double F2 = jack2 ? Area * f * Stress2 / 100000.0 : 0.0;
 
-    // 3. The walk: 11 points on each element along the path, its length and the angle its
+    // The walk: 11 points on each element along the path, its length and the angle its
     // tangent turns through.
     std::vector<WalkPoint> pts;
     double tPrev[3] = {0.0, 0.0, 0.0}, pPrev[3] = {0.0, 0.0, 0.0};
     bool first = true;
     double x = 0.0, alpha = 0.0;
+    constexpr std::size_t kCount = kPointsPerElement;
     for (const CTenElemGeom* g : ElemGeom) {
-        if (!g->GetElemGeom(2, 0, nullptr, nullptr, nullptr, nullptr, nullptr) &&
-            !g->GetElemGeom(2, 1, nullptr, nullptr, nullptr, nullptr, nullptr))
-            continue;
+        if (!HasNPath(*g)) continue;
         const int elementNo = g->GetElementNo();
         const CElement* e = structure->GetElementPtr(elementNo);
-        std::array<std::array<double, 9>, kPointsPerElement> c{};
-        std::array<std::array<double, 3>, kPointsPerElement> l{}, n{};
-        for (int i = 0; i < kPointsPerElement; ++i) {
+        std::array<std::array<double, 9>, kCount> c{};
+        std::array<std::array<double, 3>, kCount> l{}, n{};
+        for (std::size_t i = 0; i < kCount; ++i) {
             if (!e || !g->CalcTendonCoord(this, structure, Xi(i), c[i].data(), l[i].data(),
                                           n[i].data(), RelativeType, nullptr))
                 return fail(Format("Element no.: %i\r\n", elementNo) +
                             "Tendon position not found!\r\n\r\n");
         }
+        // The element's axes, as CalcTendonCoord left them: rows L, M, N.
+        double axes[3][3];
+        for (int r = 0; r < 3; ++r)
+            for (int k = 0; k < 3; ++k) axes[r][k] = e->GetTransMatrix(r, k);
         const CNode* n1 = structure->GetNodePtr(e->GetNodeNo1());
         const CNode* n2 = structure->GetNodePtr(e->GetNodeNo2());
         const double node1[3] = {n1->GetX(), n1->GetY(), n1->GetZ()};
         const double node2[3] = {n2->GetX(), n2->GetY(), n2->GetZ()};
-        const double h = e->GetLength() / (kPointsPerElement - 1);
+        const double h = e->GetLength() / (kCount - 1);
         // The tangent at a point: the element axis turned by the slopes of the path pieces, and
         // by the change along the element of what the reference of the offsets adds (a face, the
-        // line), by differences of second order over the points.
-        std::array<std::array<double, 3>, kPointsPerElement> base{};
-        std::array<double, kPointsPerElement> slopeL{}, slopeN{};
-        for (int i = 0; i < kPointsPerElement; ++i) {
+        // line), taken by differences of second order over the points, which are exact for a
+        // reference that varies linearly or as a parabola.
+        std::array<std::array<double, 3>, kCount> base{};
+        std::array<double, kCount> slopeL{}, slopeN{};
+        for (std::size_t i = 0; i < kCount; ++i) {
             double lv[3], nv[3];
             g->CalcOffset(Xi(i), lv, nv);
-            slopeL[static_cast<std::size_t>(i)] = lv[1];
-            slopeN[static_cast<std::size_t>(i)] = nv[1];
-            for (int k = 0; k < 3; ++k)
-                base[static_cast<std::size_t>(i)][static_cast<std::size_t>(k)] =
-                    c[static_cast<std::size_t>(i)][static_cast<std::size_t>(k)] - node1[k] -
-                    Xi(i) * (node2[k] - node1[k]) - lv[0] * e->GetTransMatrix(0, k) -
-                    nv[0] * e->GetTransMatrix(2, k);
+            slopeL[i] = lv[1];
+            slopeN[i] = nv[1];
+            for (std::size_t k = 0; k < 3; ++k)
+                base[i][k] = c[i][k] - node1[k] - Xi(i) * (node2[k] - node1[k]) -
+                             lv[0] * axes[0][k] - nv[0] * axes[2][k];
         }
-        for (int i = 0; i < kPointsPerElement; ++i) {
-            const auto u = static_cast<std::size_t>(i);
+        for (std::size_t i = 0; i < kCount; ++i) {
             double t[3];
             for (std::size_t k = 0; k < 3; ++k) {
                 double d = 0.0;
                 if (h > 0.0) {
                     if (i == 0)
                         d = (-3.0 * base[0][k] + 4.0 * base[1][k] - base[2][k]) / (2.0 * h);
-                    else if (i == kPointsPerElement - 1)
-                        d = (3.0 * base[u][k] - 4.0 * base[u - 1][k] + base[u - 2][k]) / (2.0 * h);
+                    else if (i == kCount - 1)
+                        d = (3.0 * base[i][k] - 4.0 * base[i - 1][k] + base[i - 2][k]) / (2.0 * h);
                     else
-                        d = (base[u + 1][k] - base[u - 1][k]) / (2.0 * h);
+                        d = (base[i + 1][k] - base[i - 1][k]) / (2.0 * h);
                 }
-                const int kk = static_cast<int>(k);
-                t[k] = e->GetTransMatrix(1, kk) + slopeL[u] * e->GetTransMatrix(0, kk) +
-                       slopeN[u] * e->GetTransMatrix(2, kk) + d;
+                t[k] = axes[1][k] + slopeL[i] * axes[0][k] + slopeN[i] * axes[2][k] + d;
             }
             const double tl = std::sqrt(t[0] * t[0] + t[1] * t[1] + t[2] * t[2]);
             if (tl > 0.0)
@@ -563,15 +560,15 @@ int CTendon::CalcTendonLossesByVector(std::string* text, CStructure* structure, 
             WalkPoint p;
             p.Index = static_cast<int>(pts.size()) + 1;
             p.ElementNo = elementNo;
-            p.Step = i;
+            p.Step = static_cast<int>(i);
             p.Xi = Xi(i);
             for (std::size_t k = 0; k < 3; ++k) {
-                p.L[k] = l[u][k];
-                p.N[k] = n[u][k];
-                p.Coord[k] = c[u][k];
+                p.L[k] = l[i][k];
+                p.N[k] = n[i][k];
+                p.Coord[k] = c[i][k];
             }
             if (!first) {
-                const double dx[3] = {c[u][0] - pPrev[0], c[u][1] - pPrev[1], c[u][2] - pPrev[2]};
+                const double dx[3] = {c[i][0] - pPrev[0], c[i][1] - pPrev[1], c[i][2] - pPrev[2]};
                 p.Dx = std::sqrt(dx[0] * dx[0] + dx[1] * dx[1] + dx[2] * dx[2]);
                 const double cosine =
                     std::clamp(t[0] * tPrev[0] + t[1] * tPrev[1] + t[2] * tPrev[2], -1.0, 1.0);
@@ -585,7 +582,7 @@ int CTendon::CalcTendonLossesByVector(std::string* text, CStructure* structure, 
                 p.Dx > kTol ? std::exp(-(Wobble * p.Dx + Mu * std::fabs(p.Dalpha))) / p.Dx : 0.0;
             pts.push_back(p);
             for (std::size_t k = 0; k < 3; ++k) {
-                pPrev[k] = c[u][k];
+                pPrev[k] = c[i][k];
                 tPrev[k] = t[k];
             }
             first = false;
@@ -595,7 +592,7 @@ int CTendon::CalcTendonLossesByVector(std::string* text, CStructure* structure, 
     TotalLength = x;
     TotalAngle = alpha;
 
-    // 4, 5. Distances from the second end, forces after friction from each jacked end.
+    // Distances from the second end, forces after friction from each jacked end.
     for (WalkPoint& p : pts) {
         p.X2 = TotalLength - p.X;
         p.Alpha2 = TotalAngle - p.Alpha;
@@ -606,7 +603,7 @@ int CTendon::CalcTendonLossesByVector(std::string* text, CStructure* structure, 
         p.PFriction = p.P;
     }
 
-    // 6. Elongations (mm): strain (per mille) times step length (m), the strain the mean of the
+    // Elongations (mm): strain (per mille) times step length (m), the strain the mean of the
     // step's ends. With both ends jacked the end stressed second adds only where its curve
     // stands above the first one's.
     auto strain = [AE](double P) { return P / AE * 1.0e6; };
@@ -637,7 +634,7 @@ int CTendon::CalcTendonLossesByVector(std::string* text, CStructure* structure, 
     Elongation1 = e1;
     Elongation2 = e2;
 
-    // 7 to 9. Anchor slip.
+    // Anchor slip.
     if (Type == 1) {
         // The force builds up linearly over the transmission length from each end.
         if (Slip1 > 0.0)
@@ -661,7 +658,7 @@ int CTendon::CalcTendonLossesByVector(std::string* text, CStructure* structure, 
         if (Slip2 > 0.0 && jack2) AnchorSlip(pts, F2, Slip2, E, 2);
     }
 
-    // 10. Time losses from the force after slip.
+    // Time losses from the force after slip.
     for (WalkPoint& p : pts) {
         const double p0 = p.P;
         if (Shrinkage != 0.0) p.ShrinkageLoss = -Shrinkage * E * Area * 1e-6;
@@ -673,7 +670,7 @@ int CTendon::CalcTendonLossesByVector(std::string* text, CStructure* structure, 
         p.P = p0 - p.ShrinkageLoss - p.CreepLoss - p.RelaxLoss;
     }
 
-    // 11. Element results.
+    // Element results.
     CTendonElemRes* res = nullptr;
     for (const WalkPoint& p : pts) {
         if (!res || res->GetElementNo() != p.ElementNo)
@@ -684,7 +681,7 @@ int CTendon::CalcTendonLossesByVector(std::string* text, CStructure* structure, 
     }
     ClearResIndex();
 
-    // 12. Listing.
+    // Listing.
     if (text && listLevel > 0) ListLosses(text, pts, listLevel);
     return 1;
 }
@@ -822,9 +819,7 @@ int CTendon::GenerateSectionPrest(CStructure* structure, CKeySection* section, i
     const CTenElemGeom* at = nullptr;
     double xi = 0.0;
     for (const CTenElemGeom* g : ElemGeom) {
-        if (!g->GetElemGeom(2, 0, nullptr, nullptr, nullptr, nullptr, nullptr) &&
-            !g->GetElemGeom(2, 1, nullptr, nullptr, nullptr, nullptr, nullptr))
-            continue;
+        if (!HasNPath(*g)) continue;
         const CElement* e = structure->GetElementPtr(g->GetElementNo());
         int no = 0;
         double s1 = 0.0, s2 = 0.0;

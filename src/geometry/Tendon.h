@@ -148,8 +148,13 @@ public:
     static double CalcCurvature(double x1, double x2, double x3, double y1, double y2, double y3);
 
     // ---- losses and forces
-    // Walks the tendon, fills the element results and the elongations. text gets the listing
-    // tables when listLevel asks for them (0 none, 1 points, 2 points with losses). 1 or 0.
+    // Walks the tendon over the elements of its N path, 11 points an element, adding up the
+    // length of the chords and the angle the tangent of the spatial path turns through; then the
+    // force (kN, one tendon) after friction from the jacked ends, anchor slip, shrinkage, creep
+    // and relaxation, the elongations (mm), and the element results. E and fpk (MPa) from the
+    // prestressing set MatParNo (kN/m² there), 195000 and 1670 without one. text gets the
+    // listing tables when listLevel asks for them (0 none, 1 the forces on the elements and the
+    // totals, 2 also friction and losses point by point). 1, or 0 with the reason in text.
     int CalcTendonLossesByVector(std::string* text, CStructure* structure, int listLevel);
     double CalcRelaxLoss(double stressPercent) const;
     // Strain in per mille at a station of the tendon's line (GeomType 1, 2), or at x/L of an

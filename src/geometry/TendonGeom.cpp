@@ -35,17 +35,16 @@ Cubic LevelStartEndSlope(double y0, double y1, double slope1, double len) {
     return {-2.0 * delta + t, 3.0 * delta - t, 0.0, y0};
 }
 
-double ElementLength(const CStructure& s, int no) {
+} // namespace
+
+double CTendonGeom::ElementLength(const CStructure& s, int no) {
     const CElement* e = s.GetElementPtr(no);
     if (!e) return 0.0;
     const CNode* n1 = s.GetNodePtr(e->GetNodeNo1());
     const CNode* n2 = s.GetNodePtr(e->GetNodeNo2());
     if (!n1 || !n2) return 0.0;
-    return std::sqrt(std::pow(n2->GetX() - n1->GetX(), 2) + std::pow(n2->GetY() - n1->GetY(), 2) +
-                     std::pow(n2->GetZ() - n1->GetZ(), 2));
+    return std::hypot(n2->GetX() - n1->GetX(), n2->GetY() - n1->GetY(), n2->GetZ() - n1->GetZ());
 }
-
-} // namespace
 
 void CTendonGeom::CalcTenGeom(double xi, double* y, double* slope, double* curvature) const {
     const double y0 = StartValue, y1 = EndValue, delta = y1 - y0;

@@ -312,6 +312,16 @@ TEST(TendonGeometry, ByStationsFromTheLowerFaceIntoASectionsTendonGroup) {
     EXPECT_EQ(t->CalcStrainByStation(25.0, &m.s, &strain), 1);
     EXPECT_NEAR(strain, kF75 / kEA * 1000.0, 1e-9);
     EXPECT_EQ(t->CalcStrainByStation(55.0, &m.s, &strain), 0);
+    // Measured from the line instead: 0.1 m up and 0.2 m to the right of it.
+    t->SetRelativeType(4);
+    ASSERT_EQ(t->Update(&m.s), 1) << t->GetUpdateText();
+    r = t->GetTendonElemResPtr(3)->GetSecResList()->At(2);
+    EXPECT_NEAR(r->GetCoord(0), 32.0, 1e-9);
+    EXPECT_NEAR(r->GetCoord(1), -0.2, 1e-9);
+    EXPECT_NEAR(r->GetCoord(2), 0.1, 1e-9);
+    EXPECT_NEAR(r->GetL(0), 0.2, 1e-9);
+    t->SetRelativeType(3);
+    ASSERT_EQ(t->Update(&m.s), 1);
 
     // A tendon following it 100 mm higher, with no pieces of its own.
     auto follower = std::make_unique<CTendon>(5, "Follower");
