@@ -472,6 +472,9 @@ namespace {
 // (uniform loads, point kernels), close for trapezoidal ones.
 constexpr double kSimpson[11] = {1.0, 4.0, 2.0, 4.0, 2.0, 4.0, 2.0, 4.0, 2.0, 4.0, 1.0};
 
+// A tendon's points on one element: ten steps of its walk.
+constexpr int kTendonRows = 11;
+
 // Restraint forces of a force (q0 along L, q1 along M, q2 along N) at a from node 1 of a fixed
 // beam of length L, added to F.
 void AddPointForceEnds(double q0, double q1, double q2, double a, double L, double F[12]) {
@@ -770,10 +773,21 @@ int CElement::FixType(CStructure* structure, int type, double A, double B, doubl
         return 1;
     }
     case 15: {
-        // A tendon through the element. Its element data (positions, forces, levers) are laid
-        // out with the tendon's geometry; a tendon without them gives no load.
-        if (!structure || !structure->GetTendonPtr(static_cast<int>(A))) return 0;
-        return 1;
+        // A tendon through the element: A its number, C the flag that keeps it out of the
+        // section forces (1), D and B the stages between which it acts. Its geometry and
+        // losses are worked out when they are not up to date; an element that the tendon does
+        // not pass gets no load.
+        CTendon* tendon = structure ? structure->GetTendonPtr(static_cast<int>(A)) : nullptr;
+        if (!tendon) return 0;
+        const int flag = static_cast<int>(C);
+        const int stage1 = static_cast<int>(D), stage2 = static_cast<int>(B);
+        if (!tendon->IsUpdate(stage1, stage2) && !tendon->Update(structure, stage1, stage2))
+            return 0;
+        double rows[kTendonRows][6] = {};
+        int count = 0;
+        if (!tendon->GetTenElementData(No, &count, rows)) return 1;
+        return TendonLoads(rows, std::min(count, kTendonRows), tendon->GetNoOfTendons(), F, x,
+                           flag);
     }
     default:
         return 0;
