@@ -1162,4 +1162,65 @@ double CKeySection::GetCreepFactor(CStructure* structure, double t, double t0, d
     return GetCreepFactor(concrete, structure->GetConcrCode(), t, t0, h0, fck, rh);
 }
 
+// ---------------------------------------------------------------------------------------------
+// Tendon groups and tendons
+
+CObList<CPrestGroup>* CKeySection::GetPrestGroupList() {
+    for (CPrestGroup* g : PrestGroupList) g->SetKeySectionPtr(this);
+    return &PrestGroupList;
+}
+
+CPrestGroup* CKeySection::AddPrestGroup(std::unique_ptr<CPrestGroup> group) {
+    if (!group) return nullptr;
+    group->SetKeySectionPtr(this);
+    group->SetWorkSectionPtr(nullptr);
+    return PrestGroupList.Add(std::move(group));
+}
+
+int CKeySection::TendonCoordByFaceOffset(int relativeType, double oL, double oN, double& l,
+                                         double& n, double relPointNo) const {
+    const double scale = PointScale();
+    if (relativeType == 5) {
+        const CSectPoint* p = SectPointList.Find(relPointNo);
+        if (!p) return 0;
+        l = p->GetX() * scale + oL - CoGX;
+        n = p->GetY() * scale + oN - CoGY;
+        return 1;
+    }
+    if (relativeType != 2 && relativeType != 3) {
+        l = oL;
+        n = oN;
+        return 1;
+    }
+    const int mark = relativeType == 2 ? 1 : 2;
+    const double x = CoGX + oL;
+    // Points within this of x (m) are hit exactly.
+    constexpr double kHit = 1e-5;
+    const CSectPoint* prev = nullptr;
+    for (const auto& item : SectPointList) {
+        const CSectPoint* p = item.get();
+        if (p->IsRadius() || p->GetFaceConnection() != mark) continue;
+        const double px = p->GetX() * scale, py = p->GetY() * scale;
+        double face = 0.0;
+        bool found = false;
+        if (std::fabs(px - x) <= kHit) {
+            face = py;
+            found = true;
+        } else if (prev) {
+            const double qx = prev->GetX() * scale, qy = prev->GetY() * scale;
+            if ((qx - x) * (px - x) < 0.0) {
+                face = qy + (py - qy) * (x - qx) / (px - qx);
+                found = true;
+            }
+        }
+        if (found) {
+            l = oL;
+            n = face + oN - CoGY;
+            return 1;
+        }
+        prev = p;
+    }
+    return 0;
+}
+
 } // namespace kelo

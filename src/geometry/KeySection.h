@@ -1,5 +1,6 @@
 #pragma once
 
+#include "design/PrestGroup.h"
 #include "geometry/AreaElem.h"
 #include "geometry/LineElem.h"
 #include "geometry/PolyLine.h"
@@ -218,6 +219,25 @@ public:
     CLineElem* GetLineElemPtr(int no) const { return LineElemList.Get(no); }
     const CObList<CLineElem>& GetLineElemList() const { return LineElemList; }
 
+    // ---- Tendon groups. The section owns them; a copy of the section has copies of its groups,
+    // whose back-pointer is set to the section holding them whenever the list is handed out.
+    CObList<CPrestGroup>* GetPrestGroupList();
+    const CObList<CPrestGroup>* GetPrestGroupList() const { return &PrestGroupList; }
+    CPrestGroup* AddPrestGroup(std::unique_ptr<CPrestGroup> group);
+    CPrestGroup* GetPrestGroupPtr(int no) const { return PrestGroupList.Get(no); }
+    int DeletePrestGroup(int no) { return PrestGroupList.Delete(no); }
+    void EmptyPrestGroupList() { PrestGroupList.RemoveAll(); }
+
+    // ---- Tendons
+    // Offsets (m) from the centre of gravity, in section axes, of a tendon given by the offsets
+    // oL (across) and oN (up) from a reference: relative type 2 from the upper face (the outer
+    // points marked with FaceConnection 1), 3 from the lower face (mark 2), both at the section
+    // X of CoGX + oL, the face height interpolated between the marked points around it; 5 from
+    // the outer point relPointNo; any other type from the centre of gravity itself. 1, or 0 when
+    // the face does not reach across that X or the point is missing.
+    int TendonCoordByFaceOffset(int relativeType, double oL, double oN, double& l, double& n,
+                                double relPointNo = -1.0) const;
+
     // ---- The dimensions of a generated section, counted from 0
     void SetParam(const double* values);
     const double* GetParamArray() const { return SpecParam.data(); }
@@ -305,6 +325,7 @@ private:
     CObList<CPolyLine> PolyLineList;
     CObList<CAreaElem> AreaElemList;
     CObList<CLineElem> LineElemList;
+    CObList<CPrestGroup> PrestGroupList;
     const CRoadProfile* RoadProfile = nullptr;
 };
 

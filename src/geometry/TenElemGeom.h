@@ -28,6 +28,10 @@ public:
 
     KELO_FIELD(int, ElementNo, 0)
     KELO_FIELD(CElement*, Element, nullptr)
+    // Where the element starts along the path (m of piece length for pieces by elements, the
+    // station for pieces by stations or axes): the loss calculation walks the elements in this
+    // order.
+    KELO_FIELD(double, PathPos, 0.0)
 
 public:
     // dir 2 N, 1 L. 1 stored, else 0.
@@ -40,7 +44,12 @@ public:
     // direction was found.
     int CalcOffset(double xi, double* const lValues, double* const nValues) const;
     // Position of the tendon at ξ: coord[0..2] global point, coord[3..5] the vector oL·(local y),
-    // coord[6..8] the vector oN·(local z); l and n the offsets used (m). 1, or 0 on failure.
+    // coord[6..8] the vector oN·(local z); l and n the offset triples of the path (value, slope,
+    // curvature) with the values replaced by the offsets from the element axis used (m). x, when
+    // given, gets the station on the element's line (types 2 to 5) or the distance from node 1.
+    // Types 2, 3 and 5 measure from the section on the element's line at the point (with no
+    // section there the offsets are taken from the axis); type 4 from the line itself, so it
+    // fails (0) without a line. 1, or 0 on failure.
     int CalcTendonCoord(const CTendon* tendon, CStructure* structure, double xi,
                         double* const coord, double* const l, double* const n, int relativeType,
                         double* x) const;

@@ -41,6 +41,8 @@ public:
     // Types 1 to 5: y and dy/dξ at two points.
     void CalcTenGeom(double xi1, double xi2, double* y1, double* y2, double* d1, double* d2) const;
     void CalcLength(CStructure* structure);
+    // Node-to-node length (m) of an element of the structure; 0 when it or a node is missing.
+    static double ElementLength(const CStructure& structure, int elementNo);
     void GetElements(int* start, int* end, int* step) const;
     void SetElements(int start, int end, int step);
     void GetStations(double* start, double* end) const;
