@@ -774,15 +774,14 @@ int CElement::FixType(CStructure* structure, int type, double A, double B, doubl
     }
     case 15: {
         // A tendon through the element: A its number, C the flag that keeps it out of the
-        // section forces (1), D and B the stages between which it acts. Its geometry and
-        // losses are worked out when they are not up to date; an element that the tendon does
-        // not pass gets no load.
+        // section forces (1); D and B, the stages between which it acts, play no part: the
+        // tendon's forces are those of one state whatever the stage. Its geometry and losses are
+        // worked out when they are not up to date; an element that the tendon does not pass gets
+        // no load.
         CTendon* tendon = structure ? structure->GetTendonPtr(static_cast<int>(A)) : nullptr;
         if (!tendon) return 0;
         const int flag = static_cast<int>(C);
-        const int stage1 = static_cast<int>(D), stage2 = static_cast<int>(B);
-        if (!tendon->IsUpdate(stage1, stage2) && !tendon->Update(structure, stage1, stage2))
-            return 0;
+        if (!tendon->IsUpdate() && !tendon->Update(structure)) return 0;
         double rows[kTendonRows][6] = {};
         int count = 0;
         if (!tendon->GetTenElementData(No, &count, rows)) return 1;
