@@ -1261,9 +1261,7 @@ bool CListServer::TendonReady(CTendon& tendon, std::string& out) const {
     if (tendon.IsUpdate() || tendon.Update(Structure)) return true;
     out += Format("Tendon %d: the geometry or the losses could not be worked out.\r\n",
                   tendon.GetNo());
-    std::string errors;
-    tendon.GenerateTendonGeom(Structure, &errors);
-    out += errors;
+    out += tendon.GetUpdateText();
     out += kCrLf;
     return false;
 }
@@ -1581,10 +1579,10 @@ int CListServer::MakeElastStressListing(std::string& out) const {
            "Faces are the highest and lowest points of the section outline; a section given\r\n"
            "by its values alone has none. Tensile stresses are marked with '*'.\r\n\r\n";
     MakeModelHeader(out);
-    out += Format("%6s %7s %11s %9s %10s %10s %10s %10s\r\n", "Elem", "x/L", "Sum P", "eN", "A",
+    out += Format("%6s %7s %11s %9s %10s %10s %10s   %10s\r\n", "Elem", "x/L", "Sum P", "eN", "A",
                   "IL", "Upper", "Lower");
-    out += Format("%6s %7s %11s %9s %10s %10s %10s %10s\r\n", "", "", "[kN]", "[m]", "[m2]", "[m4]",
-                  "[MPa]", "[MPa]");
+    out += Format("%6s %7s %11s %9s %10s %10s %10s   %10s\r\n", "", "", "[kN]", "[m]", "[m2]",
+                  "[m4]", "[MPa]", "[MPa]");
     std::vector<CTendon*> tendons;
     std::string problems;
     for (CTendon* t : *Structure->GetTendonList())
@@ -1592,7 +1590,7 @@ int CListServer::MakeElastStressListing(std::string& out) const {
     const TendonsByElement byElement = CollectTendonResults(tendons);
     auto stress = [](double sigma) {
         // kN/m² to MPa; tension (positive) is marked.
-        return Format("%10.3f%s", sigma / 1000.0, sigma > 0.0 ? "  *" : "   ");
+        return Format("%10.3f%s", sigma / 1000.0, sigma > 0.0 ? "  *" : "");
     };
     for (const CElement* e : *FindElementList()) {
         const auto found = byElement.find(e->GetNo());
@@ -1613,8 +1611,8 @@ int CListServer::MakeElastStressListing(std::string& out) const {
             std::string faces = Format("%10s   %10s", "N/A", "N/A");
             if (props && FaceHeights(*Structure, e->GetNo(), xi, upper, lower)) {
                 const double A = param.GetA(), I = param.GetIL();
-                faces =
-                    stress(-sumP / A - sumPN * upper / I) + stress(-sumP / A - sumPN * lower / I);
+                faces = Format("%-13s%s", stress(-sumP / A - sumPN * upper / I).c_str(),
+                               stress(-sumP / A - sumPN * lower / I).c_str());
             }
             out += Format("%6d %7.3f %11.1f %9.3f %10.4f %10.5f %s\r\n", e->GetNo(), xi, sumP, eN,
                           props ? param.GetA() : 0.0, props ? param.GetIL() : 0.0, faces.c_str());
