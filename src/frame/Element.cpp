@@ -472,9 +472,6 @@ namespace {
 // (uniform loads, point kernels), close for trapezoidal ones.
 constexpr double kSimpson[11] = {1.0, 4.0, 2.0, 4.0, 2.0, 4.0, 2.0, 4.0, 2.0, 4.0, 1.0};
 
-// A tendon's points on one element: ten steps of its walk.
-constexpr int kTendonRows = 11;
-
 // Restraint forces of a force (q0 along L, q1 along M, q2 along N) at a from node 1 of a fixed
 // beam of length L, added to F.
 void AddPointForceEnds(double q0, double q1, double q2, double a, double L, double F[12]) {
@@ -782,11 +779,11 @@ int CElement::FixType(CStructure* structure, int type, double A, double B, doubl
         if (!tendon) return 0;
         const int flag = static_cast<int>(C);
         if (!tendon->IsUpdate() && !tendon->Update(structure)) return 0;
-        double rows[kTendonRows][6] = {};
+        double rows[CTendon::kPointsPerElement][6] = {};
         int count = 0;
         if (!tendon->GetTenElementData(No, &count, rows)) return 1;
-        return TendonLoads(rows, std::min(count, kTendonRows), tendon->GetNoOfTendons(), F, x,
-                           flag);
+        return TendonLoads(rows, std::min(count, CTendon::kPointsPerElement),
+                           tendon->GetNoOfTendons(), F, x, flag);
     }
     default:
         return 0;

@@ -1168,6 +1168,11 @@ const char* GeomTypeName(int type) {
     }
 }
 
+// The line that opens a tendon's block: its number and, when it has one, its name.
+std::string TendonHead(const CTendon& t) {
+    return Format("Tendon %d", t.GetNo()) + (t.GetName().empty() ? "" : "  " + t.GetName()) + kCrLf;
+}
+
 // Characteristic strength and modulus of a tendon's steel, MPa.
 double TendonFsk(const CStructure& s, const CTendon& t) {
     const CPrestMatPar* m = s.GetPrestMatParPtr(t.GetMatParNo());
@@ -1304,7 +1309,7 @@ int CListServer::MakeTendonLossesListing(std::string& out, int detailed) const {
     MakeTitle(out, detailed ? "Tendon losses detailed" : "Tendon losses");
     for (CTendon* t : *Structure->GetTendonList()) {
         if (!CheckInterval(t->GetNo())) continue;
-        out += Format("Tendon %d  %s\r\n", t->GetNo(), t->GetName().c_str());
+        out += TendonHead(*t);
         MakeLine(out, 72, 0);
         double mu = 0.0, k = 0.0, slip = 0.0, shrinkage = 0.0, creep = 0.0, low = 0.0, high = 0.0,
                relax = 0.0;
@@ -1360,7 +1365,7 @@ int CListServer::MakeTendonGeomListing(std::string& out, int mode) const {
                           t->GetElongation2(), t->GetTotalLength(), t->GetTotalAngle());
             continue;
         }
-        out += Format("Tendon %d  %s\r\n", t->GetNo(), t->GetName().c_str());
+        out += TendonHead(*t);
         out += Format("Geometry by: %s   Reference line: %d   Relative type: %d\r\n",
                       GeomTypeName(t->GetGeomType()), t->GetRefLineNo(), t->GetRelativeType());
         if (mode == 0) {
@@ -1437,7 +1442,7 @@ int CListServer::MakeTendonGeomDetailListing(std::string& out) const {
         "Piece: number of the piece in its direction; spans relative to piece and element\r\n\r\n";
     std::string problems;
     for (CTendon* t : *Structure->GetTendonList()) {
-        out += Format("Tendon %d  %s\r\n", t->GetNo(), t->GetName().c_str());
+        out += TendonHead(*t);
         if (!TendonReady(*t, out)) continue;
         out += Format("%6s %4s %4s %6s %9s %9s %9s %9s\r\n", "Elem", "Dir", "Slot", "Piece",
                       "PieceFrom", "PieceTo", "ElemFrom", "ElemTo");
