@@ -6,6 +6,7 @@
 #include "command/LoadCmd.h"
 #include "command/MessageTable.h"
 #include "command/SectionCmd.h"
+#include "command/TendonCmd.h"
 #include "model/Id.h"
 #include "model/Structure.h"
 #include "platform/Text.h"
@@ -224,6 +225,7 @@ CStructureCmd::CStructureCmd(CStructure* structure, int language)
     m_loadCmd = std::make_unique<CLoadCmd>(*this);
     m_alignmentCmd = std::make_unique<CAlignmentCmd>(*this);
     m_sectionCmd = std::make_unique<CSectionCmd>(*this);
+    m_tendonCmd = std::make_unique<CTendonCmd>(*this);
 }
 
 CStructureCmd::~CStructureCmd() = default;

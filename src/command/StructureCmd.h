@@ -17,6 +17,7 @@ class CFrameCmd;
 class CLoadCmd;
 class CAlignmentCmd;
 class CSectionCmd;
+class CTendonCmd;
 
 // The interpreter of command files. A text is fed to it a line at a time; each line is joined
 // with its continuations, stripped of comments, dispatched by its keyword to a handler, and
@@ -175,6 +176,7 @@ private:
     std::unique_ptr<CLoadCmd> m_loadCmd;
     std::unique_ptr<CAlignmentCmd> m_alignmentCmd;
     std::unique_ptr<CSectionCmd> m_sectionCmd;
+    std::unique_ptr<CTendonCmd> m_tendonCmd;
 };
 
 } // namespace kelo

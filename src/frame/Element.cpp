@@ -770,10 +770,20 @@ int CElement::FixType(CStructure* structure, int type, double A, double B, doubl
         return 1;
     }
     case 15: {
-        // A tendon through the element. Its element data (positions, forces, levers) are laid
-        // out with the tendon's geometry; a tendon without them gives no load.
-        if (!structure || !structure->GetTendonPtr(static_cast<int>(A))) return 0;
-        return 1;
+        // A tendon through the element: A its number, C the flag that keeps it out of the
+        // section forces (1); D and B, the stages between which it acts, play no part: the
+        // tendon's forces are those of one state whatever the stage. Its geometry and losses are
+        // worked out when they are not up to date; an element that the tendon does not pass gets
+        // no load.
+        CTendon* tendon = structure ? structure->GetTendonPtr(static_cast<int>(A)) : nullptr;
+        if (!tendon) return 0;
+        const int flag = static_cast<int>(C);
+        if (!tendon->IsUpdate() && !tendon->Update(structure)) return 0;
+        double rows[CTendon::kPointsPerElement][6] = {};
+        int count = 0;
+        if (!tendon->GetTenElementData(No, &count, rows)) return 1;
+        return TendonLoads(rows, std::min(count, CTendon::kPointsPerElement),
+                           tendon->GetNoOfTendons(), F, x, flag);
     }
     default:
         return 0;

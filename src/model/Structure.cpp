@@ -361,6 +361,9 @@ void CStructure::ReCalcAllModelDependencies() {
             if (e->GetNo() > 0) all.push_back(e->GetNo());
         m->SetElementNoArray(all);
     }
+    // A tendon's path lies on the elements, nodes and sections: it is laid out again, and its
+    // losses worked out again, when a load or a listing next asks for it.
+    for (CTendon* t : TendonList) t->SetUpdated(0);
 }
 
 void CStructure::RecalcConnectedCharts(int, void*) {}

@@ -2,18 +2,23 @@
 
 #include "command/StructureCmd.h"
 #include "frame/CombServer.h"
+#include "frame/ElementSectParam.h"
 #include "frame/ModelElemRes.h"
+#include "geometry/KeySection.h"
 #include "model/AnalysisRun.h"
 #include "model/Structure.h"
 #include "platform/Machine.h"
 #include "platform/Text.h"
 #include "store/MemResBase.h"
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <numbers>
 #include <set>
+#include <unordered_map>
 #include <utility>
+#include <vector>
 
 namespace kelo {
 
@@ -379,20 +384,33 @@ int CListServer::ListingOf(int code, std::string& out) const {
     case 1002:
         return MakeNodeAsciiListing(out);
     case 1101:
-    case 1102:
-    case 1103:
-    case 1104:
-    case 1105:
-    case 1106:
-    case 1107:
-    case 1108:
-    case 1109:
-    case 1110:
-    case 1111:
-    case 1112:
-    case 1113:
-    case 1114:
         return MakeTendonListing(out);
+    case 1102:
+        return MakeTendonLossesListing(out, 0);
+    case 1109:
+        return MakeTendonLossesListing(out, 1);
+    case 1103:
+        return MakeTendonGeomListing(out, 0);
+    case 1110:
+        return MakeTendonGeomListing(out, 1);
+    case 1111:
+        return MakeTendonGeomListing(out, 2);
+    case 1104:
+        return MakeTendonAmountListing(out);
+    case 1105:
+        return MakeTendonGeomDetailListing(out);
+    case 1106:
+        return MakePCSpennListing(out);
+    case 1107:
+        return MakeTendonDesignListing(out, 0);
+    case 1112:
+        return MakeTendonDesignListing(out, 1);
+    case 1113:
+        return MakeTendonDesignListing(out, 2);
+    case 1114:
+        return MakeTendonDesignListing(out, 3);
+    case 1108:
+        return MakeElastStressListing(out);
     default:
         return 0;
     }
@@ -410,12 +428,6 @@ void CListServer::MakeTitle(std::string& out, const std::string& title) {
     out += title + kCrLf;
     MakeLine(out, static_cast<int>(CharCount(title)), 1);
     out += kCrLf;
-}
-
-int CListServer::MakeNotAvailable(std::string& out, const std::string& title) {
-    MakeTitle(out, title);
-    out += "No data of this kind in the project.\r\n";
-    return 1;
 }
 
 int CListServer::MakeModelHeader(std::string& out) const {
@@ -1356,13 +1368,487 @@ int CListServer::MakeElemStiffAsciiListing(std::string& out) const {
     return 1;
 }
 
+// ------------------------------------------------------------------------- tendons
+
+namespace {
+
+// Prestressing steel without a material set: strand of 1670 MPa and 195000 MPa.
+constexpr double kDefaultTendonFsk = 1670.0;
+constexpr double kDefaultTendonE = 195000.0;
+// Density of prestressing steel, kg/m³.
+constexpr double kTendonDensity = 7850.0;
+
+const char* TendonKindName(int type) { return type == 1 ? "PRE" : "POST"; }
+
+const char* GeomTypeName(int type) {
+    switch (type) {
+    case 0:
+        return "Elements";
+    case 1:
+        return "Stations";
+    case 2:
+        return "Axes";
+    default:
+        return "?";
+    }
+}
+
+// The line that opens a tendon's block: its number and, when it has one, its name.
+std::string TendonHead(const CTendon& t) {
+    return Format("Tendon %d", t.GetNo()) + (t.GetName().empty() ? "" : "  " + t.GetName()) + kCrLf;
+}
+
+// Characteristic strength and modulus of a tendon's steel, MPa.
+double TendonFsk(const CStructure& s, const CTendon& t) {
+    const CPrestMatPar* m = s.GetPrestMatParPtr(t.GetMatParNo());
+    return m ? m->GetFsk() / 1000.0 : kDefaultTendonFsk;
+}
+
+double TendonModulus(const CStructure& s, const CTendon& t) {
+    const CPrestMatPar* m = s.GetPrestMatParPtr(t.GetMatParNo());
+    return m ? m->GetEsk() / 1000.0 : kDefaultTendonE;
+}
+
+// The jacking force of one tendon (kN) at a stress in percent of the strength: mm² times MPa.
+double JackingForce(const CStructure& s, const CTendon& t, double stressPercent) {
+    return t.GetArea() * TendonFsk(s, t) * stressPercent / 100000.0;
+}
+
+// A tendon at one position of an element: force of one tendon (kN), offsets along L and N (m),
+// global position (m).
+struct TendonAt {
+    const CTendon* Tendon = nullptr;
+    double P = 0.0, L = 0.0, N = 0.0;
+    double Coord[3] = {0.0, 0.0, 0.0};
+};
+
+// The force as the element result gives it; offsets and position straight between the points
+// of the walk on either side of ξ.
+TendonAt TendonAtSection(const CTendon& tendon, const CTendonElemRes& res, double xi) {
+    TendonAt at;
+    at.Tendon = &tendon;
+    at.P = res.CalcTendonForce(xi);
+    const CTendonDesSecRes* a = nullptr;
+    const CTendonDesSecRes* b = nullptr;
+    for (const CTendonDesSecRes* r : *res.GetSecResList()) {
+        if (r->GetXoverL() <= xi + 1e-9) a = r;
+        if (r->GetXoverL() >= xi - 1e-9) {
+            b = r;
+            break;
+        }
+    }
+    if (!a) a = b;
+    if (!b) b = a;
+    if (!a) return at;
+    const double span = b->GetXoverL() - a->GetXoverL();
+    const double w = span > 1e-9 ? (xi - a->GetXoverL()) / span : 0.0;
+    at.L = a->GetL(0) + w * (b->GetL(0) - a->GetL(0));
+    at.N = a->GetN(0) + w * (b->GetN(0) - a->GetN(0));
+    for (int i = 0; i < 3; ++i)
+        at.Coord[i] = a->GetCoord(i) + w * (b->GetCoord(i) - a->GetCoord(i));
+    return at;
+}
+
+// The element results of all tendons by element number, found in one walk of each tendon.
+using TendonsByElement =
+    std::unordered_map<int, std::vector<std::pair<const CTendon*, const CTendonElemRes*>>>;
+
+TendonsByElement CollectTendonResults(const std::vector<CTendon*>& tendons) {
+    TendonsByElement byElement;
+    for (const CTendon* t : tendons)
+        for (const CTendonElemRes* r : *t->GetTendonElemResList())
+            byElement[r->GetElementNo()].emplace_back(t, r);
+    return byElement;
+}
+
+// Heights of the upper and lower face above the centre of gravity of an element's section at
+// ξ (m); false for a section given by its values alone, which has no outline.
+bool FaceHeights(CStructure& s, int elementNo, double xi, double& upper, double& lower) {
+    const std::unique_ptr<CKeySection> section = s.CreateKeySection(0, elementNo, xi);
+    if (!section) return false;
+    const int type = section->GetType();
+    if (type == 1 || (type >= 20 && type <= 22)) return false;
+    const CSectPointList& points = section->GetSectPointList();
+    if (points.GetCount() < 3) return false;
+    // Frame members are drawn in millimetres about their centre of gravity, the others in
+    // metres in section axes.
+    const bool member = type >= 2 && type <= 5;
+    const double scale = member ? 0.001 : 1.0;
+    const double centre = member ? 0.0 : section->GetCoGY();
+    upper = -1e300;
+    lower = 1e300;
+    for (std::size_t i = 0; i < points.GetCount(); ++i) {
+        const double y = points.At(i)->GetY() * scale - centre;
+        upper = std::max(upper, y);
+        lower = std::min(lower, y);
+    }
+    return upper > lower;
+}
+
+} // namespace
+
+bool CListServer::TendonReady(CTendon& tendon, std::string& out) const {
+    if (tendon.IsUpdate() || tendon.Update(Structure)) return true;
+    out += Format("Tendon %d: the geometry or the losses could not be worked out.\r\n",
+                  tendon.GetNo());
+    out += tendon.GetUpdateText();
+    out += kCrLf;
+    return false;
+}
+
 int CListServer::MakeTendonListing(std::string& out) const {
     MakeTitle(out, "Tendon summary");
-    out += Format("%6s%6s  %s\r\n", "No", "Type", "Name");
+    out += Format("%5s %-5s %3s %-8s %4s %3s %4s %4s %9s %7s %7s %8s %8s %4s %9s  %s\r\n", "No",
+                  "Type", "Ext", "Geometry", "Rfl", "Rel", "Mat", "Des", "Area", "Duct", "Grout",
+                  "Stress1", "Stress2", "Code", "Length", "Name");
+    out += Format("%5s %-5s %3s %-8s %4s %3s %4s %4s %9s %7s %7s %8s %8s %4s %9s\r\n", "", "", "",
+                  "", "", "", "", "", "[mm2]", "[mm]", "[MPa]", "[%]", "[%]", "", "[m]");
+    std::string problems;
+    for (CTendon* t : *Structure->GetTendonList()) {
+        if (!CheckInterval(t->GetNo())) continue;
+        const bool ready = TendonReady(*t, problems);
+        out += Format("%5d %-5s %3d %-8s %4d %3d %4d %4d %9.1f %7.1f %7.1f %8.2f %8.2f %4d %9.3f  "
+                      "%s\r\n",
+                      t->GetNo(), TendonKindName(t->GetType()), t->GetExternal(),
+                      GeomTypeName(t->GetGeomType()), t->GetRefLineNo(), t->GetRelativeType(),
+                      t->GetMatParNo(), t->GetDesParNo(), t->GetArea(), t->GetDuctDiameter(),
+                      t->GetGroutStrength(), t->GetStress1(), t->GetStress2(), t->GetStressCode(),
+                      ready ? t->CalcTendonLength() : 0.0, t->GetName().c_str());
+    }
+    out += kCrLf;
+    out += "Bundles and connections\r\n";
+    out += Format("%5s %5s %9s %9s %7s %9s %9s\r\n", "No", "nT", "SpaceL", "SpaceN", "Connect",
+                  "LOffset", "NOffset");
+    out += Format("%5s %5s %9s %9s %7s %9s %9s\r\n", "", "", "[mm]", "[mm]", "", "[mm]", "[mm]");
     for (const CTendon* t : *Structure->GetTendonList()) {
         if (!CheckInterval(t->GetNo())) continue;
-        out += Format("%6d%6d  %s\r\n", t->GetNo(), t->GetType(), t->GetName().c_str());
+        out += Format("%5d %5d %9.1f %9.1f %7d %9.1f %9.1f\r\n", t->GetNo(), t->GetNoOfTendons(),
+                      t->GetSpaceLDir(), t->GetSpaceNDir(), t->GetConnectTendon(), t->GetLOffset(),
+                      t->GetNOffset());
     }
+    if (!problems.empty()) out += kCrLf + problems;
+    return 1;
+}
+
+int CListServer::MakeTendonLossesListing(std::string& out, int detailed) const {
+    MakeTitle(out, detailed ? "Tendon losses detailed" : "Tendon losses");
+    for (CTendon* t : *Structure->GetTendonList()) {
+        if (!CheckInterval(t->GetNo())) continue;
+        out += TendonHead(*t);
+        MakeLine(out, 72, 0);
+        double mu = 0.0, k = 0.0, slip = 0.0, shrinkage = 0.0, creep = 0.0, low = 0.0, high = 0.0,
+               relax = 0.0;
+        t->GetLossParam(&mu, &k, &slip, &shrinkage, &creep, &low, &high, &relax);
+        const std::pair<const char*, double> rows[] = {
+            {"Friction coefficient      [1/rad]", mu},
+            {t->GetType() == 1 ? "Anchor slip length        [m]" : "Anchor slip               [mm]",
+             slip},
+            {"Wobble coefficient        [1/m]", k},
+            {"Shrinkage strain          [o/oo]", shrinkage},
+            {"Creep strain              [o/oo]", creep},
+            {"Relaxation lower limit    [%]", low},
+            {"Relaxation upper limit    [%]", high},
+            {"Relaxation loss at upper  [%]", relax}};
+        for (const auto& [label, value] : rows) out += Format("%-36s%12.4f\r\n", label, value);
+        out += Format("%-36s%12.2f%12.2f\r\n", "Jacking stress end 1, end 2 [%]", t->GetStress1(),
+                      t->GetStress2());
+        out += Format("%-36s%12.1f%12.1f\r\n", "Jacking force end 1, end 2  [kN]",
+                      JackingForce(*Structure, *t, t->GetStress1()) * t->GetNoOfTendons(),
+                      JackingForce(*Structure, *t, t->GetStress2()) * t->GetNoOfTendons());
+        out += kCrLf;
+        if (!TendonReady(*t, out)) continue;
+        // The tables of the loss walk are the tendon's own.
+        std::string tables;
+        t->CalcTendonLossesByVector(&tables, Structure, detailed ? 2 : 1);
+        out += tables;
+        out += kCrLf;
+    }
+    return 1;
+}
+
+int CListServer::MakeTendonGeomListing(std::string& out, int mode) const {
+    static const char* const kTitles[] = {"Tendon geometry", "Tendon elongation",
+                                          "Tendon path point by point"};
+    MakeTitle(out, kTitles[std::clamp(mode, 0, 2)]);
+    const bool interval = mode == 0;
+    if (mode == 1) {
+        out += Format("%5s %4s %8s %8s %10s %10s %10s %10s %9s %9s\r\n", "No", "Code", "Stress1",
+                      "Stress2", "Force1", "Force2", "Elong1", "Elong2", "Length", "Angle");
+        out += Format("%5s %4s %8s %8s %10s %10s %10s %10s %9s %9s\r\n", "", "", "[%]", "[%]",
+                      "[kN]", "[kN]", "[mm]", "[mm]", "[m]", "[rad]");
+    }
+    std::string problems;
+    for (CTendon* t : *Structure->GetTendonList()) {
+        if (interval && !CheckInterval(t->GetNo())) continue;
+        const bool ready = TendonReady(*t, problems);
+        if (mode == 1) {
+            const int n = t->GetNoOfTendons();
+            out += Format("%5d %4d %8.2f %8.2f %10.1f %10.1f %10.1f %10.1f %9.3f %9.4f\r\n",
+                          t->GetNo(), t->GetStressCode(), t->GetStress1(), t->GetStress2(),
+                          JackingForce(*Structure, *t, t->GetStress1()) * n,
+                          JackingForce(*Structure, *t, t->GetStress2()) * n, t->GetElongation1(),
+                          t->GetElongation2(), t->GetTotalLength(), t->GetTotalAngle());
+            continue;
+        }
+        out += TendonHead(*t);
+        out += Format("Geometry by: %s   Reference line: %d   Relative type: %d\r\n",
+                      GeomTypeName(t->GetGeomType()), t->GetRefLineNo(), t->GetRelativeType());
+        if (mode == 0) {
+            const bool byElements = t->GetGeomType() == 0;
+            out += Format("%4s %4s %5s %10s %10s %5s %9s %9s %9s %8s %9s\r\n", "Dir", "No", "Curve",
+                          "From", "To", "Step", "Start", "End", "P", "S", "Length");
+            out += Format("%4s %4s %5s %10s %10s %5s %9s %9s %9s %8s %9s\r\n", "", "", "",
+                          byElements ? "" : "[m/axis]", byElements ? "" : "[m/axis]", "", "[m]",
+                          "[m]", "", "[m]", "[m]");
+            const std::pair<const char*, const COwnedList<CTendonGeom>*> lists[] = {
+                {"N", t->GetTendonGeomListN()}, {"L", t->GetTendonGeomListL()}};
+            for (const auto& [dir, list] : lists) {
+                int no = 0;
+                for (const CTendonGeom* g : *list) {
+                    double from = g->GetStartStation(), to = g->GetEndStation();
+                    if (byElements) {
+                        from = g->GetStartElement();
+                        to = g->GetEndElement();
+                    }
+                    out += Format("%4s %4d %5d %10.3f %10.3f %5d %9.3f %9.3f %9.4f %8.3f %9.3f\r\n",
+                                  dir, ++no, g->GetType(), from, to, g->GetElementStep(),
+                                  g->GetStartValue(), g->GetEndValue(), g->GetP(), g->GetS(),
+                                  g->GetLength());
+                }
+            }
+        } else if (ready) {
+            out += Format("%6s %6s %10s %9s %9s %11s %11s %9s\r\n", "Elem", "x/L", "P", "eL", "eN",
+                          "X", "Y", "Z");
+            out += Format("%6s %6s %10s %9s %9s %11s %11s %9s\r\n", "", "", "[kN]", "[m]", "[m]",
+                          "[m]", "[m]", "[m]");
+            const int n = t->GetNoOfTendons();
+            for (const CTendonElemRes* r : *t->GetTendonElemResList())
+                for (const CTendonDesSecRes* p : *r->GetSecResList())
+                    out += Format("%6d %6.3f %10.1f %9.3f %9.3f %11.3f %11.3f %9.3f\r\n",
+                                  r->GetElementNo(), p->GetXoverL(), p->GetP() * n, p->GetL(0),
+                                  p->GetN(0), p->GetCoord(0), p->GetCoord(1), p->GetCoord(2));
+        }
+        out += kCrLf;
+    }
+    if (!problems.empty()) out += kCrLf + problems;
+    return 1;
+}
+
+int CListServer::MakeTendonAmountListing(std::string& out) const {
+    MakeTitle(out, "Tendon total amount");
+    out += Format("%5s %5s %9s %10s %9s %10s %11s  %s\r\n", "No", "nT", "Area", "TotArea", "Length",
+                  "Volume", "Weight", "Name");
+    out += Format("%5s %5s %9s %10s %9s %10s %11s\r\n", "", "", "[mm2]", "[mm2]", "[m]", "[m3]",
+                  "[kg]");
+    int count = 0;
+    double totalLength = 0.0, totalVolume = 0.0;
+    std::string problems;
+    for (CTendon* t : *Structure->GetTendonList()) {
+        const double length = TendonReady(*t, problems) ? t->CalcTendonLength() : 0.0;
+        const double area = t->GetArea() * t->GetNoOfTendons();
+        const double volume = area * 1e-6 * length;
+        out += Format("%5d %5d %9.1f %10.1f %9.3f %10.4f %11.1f  %s\r\n", t->GetNo(),
+                      t->GetNoOfTendons(), t->GetArea(), area, length, volume,
+                      volume * kTendonDensity, t->GetName().c_str());
+        count += t->GetNoOfTendons();
+        totalLength += length * t->GetNoOfTendons();
+        totalVolume += volume;
+    }
+    MakeLine(out, 66, 0);
+    out += Format("%-5s %5d %9s %10s %9.3f %10.4f %11.1f\r\n", "Sum", count, "", "", totalLength,
+                  totalVolume, totalVolume * kTendonDensity);
+    if (!problems.empty()) out += kCrLf + problems;
+    return 1;
+}
+
+int CListServer::MakeTendonGeomDetailListing(std::string& out) const {
+    MakeTitle(out, "Tendon geometry on the elements");
+    out +=
+        "Piece: number of the piece in its direction; spans relative to piece and element\r\n\r\n";
+    std::string problems;
+    for (CTendon* t : *Structure->GetTendonList()) {
+        out += TendonHead(*t);
+        if (!TendonReady(*t, out)) continue;
+        out += Format("%6s %4s %4s %6s %9s %9s %9s %9s\r\n", "Elem", "Dir", "Slot", "Piece",
+                      "PieceFrom", "PieceTo", "ElemFrom", "ElemTo");
+        // The pieces by their place in their list, for the piece column.
+        std::unordered_map<const CTendonGeom*, int> places;
+        for (const auto* list : {t->GetTendonGeomListN(), t->GetTendonGeomListL()}) {
+            int no = 0;
+            for (const CTendonGeom* g : *list) places.emplace(g, ++no);
+        }
+        for (const CTenElemGeom* eg : *t->GetTenElemGeomList()) {
+            for (const int dir : {2, 1}) {
+                for (int slot = 0; slot < 2; ++slot) {
+                    const CTendonGeom* piece = nullptr;
+                    double pf = 0.0, ef = 0.0, pt = 0.0, et = 0.0;
+                    if (!eg->GetElemGeom(dir, slot, &piece, &pf, &ef, &pt, &et) || !piece) continue;
+                    const auto place = places.find(piece);
+                    out += Format("%6d %4s %4s %6d %9.4f %9.4f %9.4f %9.4f\r\n", eg->GetElementNo(),
+                                  dir == 2 ? "N" : "L", slot == 0 ? "A" : "B",
+                                  place == places.end() ? 0 : place->second, pf, pt, ef, et);
+                }
+            }
+        }
+        out += kCrLf;
+    }
+    return 1;
+}
+
+int CListServer::MakePCSpennListing(std::string& out) const {
+    MakeTitle(out, "Stressing record");
+    out += Format("%6s %4s %5s %8s %10s %10s %10s %10s %10s\r\n", "Tendon", "End", "nT", "Stress",
+                  "Jack/ten.", "Jack", "Elong", "Slip", "Anchor");
+    out += Format("%6s %4s %5s %8s %10s %10s %10s %10s %10s\r\n", "", "", "", "[%]", "[kN]", "[kN]",
+                  "[mm]", "[mm/m]", "[kN]");
+    std::string problems;
+    for (CTendon* t : *Structure->GetTendonList()) {
+        if (!TendonReady(*t, problems)) continue;
+        const int n = t->GetNoOfTendons();
+        // The force left at each anchor after all losses: the first and the last point of the
+        // walk.
+        double anchor[2] = {0.0, 0.0};
+        const auto* res = t->GetTendonElemResList();
+        if (!res->IsEmpty()) {
+            const auto* first = res->At(0)->GetSecResList();
+            const auto* last = res->At(res->GetCount() - 1)->GetSecResList();
+            if (!first->IsEmpty()) anchor[0] = first->At(0)->GetP() * n;
+            if (!last->IsEmpty()) anchor[1] = last->At(last->GetCount() - 1)->GetP() * n;
+        }
+        const double stress[2] = {t->GetStress1(), t->GetStress2()};
+        const double elong[2] = {t->GetElongation1(), t->GetElongation2()};
+        const double slip[2] = {t->GetSlip1(), t->GetSlip2()};
+        for (int end = 0; end < 2; ++end) {
+            if (!(stress[end] > 0.0)) continue;
+            const double jack = JackingForce(*Structure, *t, stress[end]);
+            out +=
+                Format("%6d %4d %5d %8.2f %10.1f %10.1f %10.1f %10.3f %10.1f\r\n", t->GetNo(),
+                       end + 1, n, stress[end], jack, jack * n, elong[end], slip[end], anchor[end]);
+        }
+    }
+    if (!problems.empty()) out += kCrLf + problems;
+    return 1;
+}
+
+int CListServer::MakeTendonDesignListing(std::string& out, int mode) const {
+    static const char* const kTitles[] = {"Tendon calculated for design",
+                                          "Tendon calculated for design - detail",
+                                          "Tendon sum and position calculated for design",
+                                          "Tendon sum and position calculated for design - detail"};
+    mode = std::clamp(mode, 0, 3);
+    MakeTitle(out, kTitles[mode]);
+    MakeModelHeader(out);
+    out += "Forces of whole bundles; eL, eN offsets of the tendon from the element axis along L\r\n"
+           "and N. The sum is placed at the resultant of the forces.\r\n\r\n";
+    std::vector<CTendon*> tendons;
+    std::string problems;
+    for (CTendon* t : *Structure->GetTendonList())
+        if (TendonReady(*t, problems)) tendons.push_back(t);
+    const TendonsByElement byElement = CollectTendonResults(tendons);
+
+    const bool perTendon = mode != 2;
+    const bool sums = mode >= 2;
+    if (mode == 1) {
+        out += Format("%6s %7s %6s %4s %11s %9s %9s %9s %10s %10s %9s\r\n", "Elem", "x/L", "Tendon",
+                      "nT", "P", "eL", "eN", "Strain", "X", "Y", "Z");
+        out += Format("%6s %7s %6s %4s %11s %9s %9s %9s %10s %10s %9s\r\n", "", "", "", "", "[kN]",
+                      "[m]", "[m]", "[o/oo]", "[m]", "[m]", "[m]");
+    } else {
+        out += Format("%6s %7s %6s %4s %11s %9s %9s %11s %11s\r\n", "Elem", "x/L", "Tendon", "nT",
+                      "P", "eL", "eN", "P*eL", "P*eN");
+        out += Format("%6s %7s %6s %4s %11s %9s %9s %11s %11s\r\n", "", "", "", "", "[kN]", "[m]",
+                      "[m]", "[kNm]", "[kNm]");
+    }
+    for (const CElement* e : *FindElementList()) {
+        if (!CheckInterval(e->GetNo())) continue;
+        const auto found = byElement.find(e->GetNo());
+        if (found == byElement.end()) continue;
+        for (const CDesignSection* ds : e->GetDesignSectionList()) {
+            const double xi = ds->GetXoverL();
+            double sumP = 0.0, sumPL = 0.0, sumPN = 0.0;
+            int count = 0;
+            for (const auto& [tendon, res] : found->second) {
+                const TendonAt at = TendonAtSection(*tendon, *res, xi);
+                const int n = tendon->GetNoOfTendons();
+                const double P = at.P * n;
+                sumP += P;
+                sumPL += P * at.L;
+                sumPN += P * at.N;
+                count += n;
+                if (!perTendon) continue;
+                if (mode == 1) {
+                    const double ea = tendon->GetArea() * TendonModulus(*Structure, *tendon);
+                    const double strain = ea > 0.0 ? at.P * 1e6 / ea : 0.0;
+                    out += Format("%6d %7.3f %6d %4d %11.1f %9.3f %9.3f %9.4f %10.3f %10.3f "
+                                  "%9.3f\r\n",
+                                  e->GetNo(), xi, tendon->GetNo(), n, P, at.L, at.N, strain,
+                                  at.Coord[0], at.Coord[1], at.Coord[2]);
+                } else {
+                    out +=
+                        Format("%6d %7.3f %6d %4d %11.1f %9.3f %9.3f %11.1f %11.1f\r\n", e->GetNo(),
+                               xi, tendon->GetNo(), n, P, at.L, at.N, P * at.L, P * at.N);
+                }
+            }
+            if (!sums) continue;
+            const double eL = std::fabs(sumP) > 1e-9 ? sumPL / sumP : 0.0;
+            const double eN = std::fabs(sumP) > 1e-9 ? sumPN / sumP : 0.0;
+            out += Format("%6d %7.3f %6s %4d %11.1f %9.3f %9.3f %11.1f %11.1f\r\n", e->GetNo(), xi,
+                          "Sum", count, sumP, eL, eN, sumPL, sumPN);
+            if (mode == 3) out += kCrLf;
+        }
+    }
+    if (!problems.empty()) out += kCrLf + problems;
+    return 1;
+}
+
+int CListServer::MakeElastStressListing(std::string& out) const {
+    MakeTitle(out, "Elastic stresses from tendons");
+    out += "\r\nDescription:\r\n"
+           "Stresses at the upper and the lower face of the sections at the design sections,\r\n"
+           "from the sum of the tendon forces at its resultant position: -P/A - P*eN*y/IL.\r\n"
+           "Faces are the highest and lowest points of the section outline; a section given\r\n"
+           "by its values alone has none. Tensile stresses are marked with '*'.\r\n\r\n";
+    MakeModelHeader(out);
+    out += Format("%6s %7s %11s %9s %10s %10s %10s   %10s\r\n", "Elem", "x/L", "Sum P", "eN", "A",
+                  "IL", "Upper", "Lower");
+    out += Format("%6s %7s %11s %9s %10s %10s %10s   %10s\r\n", "", "", "[kN]", "[m]", "[m2]",
+                  "[m4]", "[MPa]", "[MPa]");
+    std::vector<CTendon*> tendons;
+    std::string problems;
+    for (CTendon* t : *Structure->GetTendonList())
+        if (TendonReady(*t, problems)) tendons.push_back(t);
+    const TendonsByElement byElement = CollectTendonResults(tendons);
+    auto stress = [](double sigma) {
+        // kN/m² to MPa; tension (positive) is marked.
+        return Format("%10.3f%s", sigma / 1000.0, sigma > 0.0 ? "  *" : "");
+    };
+    for (const CElement* e : *FindElementList()) {
+        const auto found = byElement.find(e->GetNo());
+        if (found == byElement.end()) continue;
+        CElementSectParam param;
+        const bool props =
+            e->CalcElementSectParam(Structure, param) && param.GetA() > 0.0 && param.GetIL() > 0.0;
+        for (const CDesignSection* ds : e->GetDesignSectionList()) {
+            const double xi = ds->GetXoverL();
+            double sumP = 0.0, sumPN = 0.0;
+            for (const auto& [tendon, res] : found->second) {
+                const TendonAt at = TendonAtSection(*tendon, *res, xi);
+                sumP += at.P * tendon->GetNoOfTendons();
+                sumPN += at.P * tendon->GetNoOfTendons() * at.N;
+            }
+            const double eN = std::fabs(sumP) > 1e-9 ? sumPN / sumP : 0.0;
+            double upper = 0.0, lower = 0.0;
+            std::string faces = Format("%10s   %10s", "N/A", "N/A");
+            if (props && FaceHeights(*Structure, e->GetNo(), xi, upper, lower)) {
+                const double A = param.GetA(), I = param.GetIL();
+                faces = Format("%-13s%s", stress(-sumP / A - sumPN * upper / I).c_str(),
+                               stress(-sumP / A - sumPN * lower / I).c_str());
+            }
+            out += Format("%6d %7.3f %11.1f %9.3f %10.4f %10.5f %s\r\n", e->GetNo(), xi, sumP, eN,
+                          props ? param.GetA() : 0.0, props ? param.GetIL() : 0.0, faces.c_str());
+        }
+    }
+    if (!problems.empty()) out += kCrLf + problems;
     return 1;
 }
 

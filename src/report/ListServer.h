@@ -12,6 +12,7 @@ class CStructure;
 class CAnalysisRun;
 class CElement;
 class CNode;
+class CTendon;
 
 // One entry of the listing menu: its label and the code it stands for.
 struct CListMenuItem {
@@ -134,14 +135,31 @@ public:
     int MakeDocStatustListing(std::string& out) const;
     int MakeNodeAsciiListing(std::string& out) const;
     int MakeElemStiffAsciiListing(std::string& out) const;
+    // ---- tendons; the geometry and losses of a tendon that is not up to date are worked out
+    // first.
     int MakeTendonListing(std::string& out) const;
+    // The loss parameters and the force along each tendon; `detailed` adds the losses by kind.
+    int MakeTendonLossesListing(std::string& out, int detailed) const;
+    // Mode 0 the path pieces as given, 1 the elongations at the jacks, 2 the path point by point.
+    int MakeTendonGeomListing(std::string& out, int mode) const;
+    int MakeTendonAmountListing(std::string& out) const;
+    // How the pieces of each path lie on the elements.
+    int MakeTendonGeomDetailListing(std::string& out) const;
+    // The stressing record: jacking stress, force and elongation at each jacked end.
+    int MakePCSpennListing(std::string& out) const;
+    // Tendon forces and positions at the design sections of the elements. Mode 0 per tendon,
+    // 1 per tendon with strains and coordinates, 2 the sum and its resultant position, 3 both.
+    int MakeTendonDesignListing(std::string& out, int mode) const;
+    // Stresses at the upper and lower face from the tendon forces at the design sections.
+    int MakeElastStressListing(std::string& out) const;
 
 private:
     // The title of a listing, underlined, and a blank line.
     static void MakeTitle(std::string& out, const std::string& title);
-    // A listing of which this build holds no records: its title and the note saying so.
-    static int MakeNotAvailable(std::string& out, const std::string& title);
     int ListingOf(int code, std::string& out) const;
+    // Brings a tendon up to date for a listing; false, with the reason written, when its
+    // geometry or losses can't be worked out.
+    bool TendonReady(CTendon& tendon, std::string& out) const;
 
     int Type = 1;
     int ProjHeader = 0;
