@@ -4,6 +4,8 @@
 #include "platform/Text.h"
 #include "platform/TextFile.h"
 
+#include "CommandProject.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -14,31 +16,15 @@ using namespace kelo;
 
 namespace {
 
-// A project with its default contents (line 0 only), driven line by line as the command box of
-// the applications does: nothing is recalculated until asked for.
-struct Alignment {
-    explicit Alignment(int language = 2) : s(2) {
-        s.GetStructureCmd()->SetLanguage(language);
-        s.CreateDefaultContents(language, 0);
-    }
-    int Line(const std::string& text) {
-        std::string l = text + "\r\n";
-        return cmd().Command(l, &log, 0, 1);
-    }
-    void Lines(const std::string& text) {
-        std::string t = text;
-        cmd().CommandConvert(&t, &log, 0);
-    }
+struct Alignment : test::CommandProject {
+    using CommandProject::CommandProject;
     // What a command file's end does for the reference lines.
     void EndOfFile() { s.ReCalcAllRoadProfiles(); }
-    CStructureCmd& cmd() { return *s.GetStructureCmd(); }
     CRefLine& Rfl(int no) {
         CRefLine* line = s.GetRefLinePtr(no);
         EXPECT_NE(line, nullptr) << "line " << no;
         return *line;
     }
-    CStructure s;
-    std::string log;
 };
 
 struct Point {

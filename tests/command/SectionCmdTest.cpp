@@ -2,6 +2,8 @@
 #include "geometry/RefLine.h"
 #include "model/Structure.h"
 
+#include "CommandProject.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -11,25 +13,9 @@ using namespace kelo;
 
 namespace {
 
-// A new project (NS-EN 1992 unless told otherwise, sets number 1 of each kind) driven line by
-// line; nothing is recalculated until asked for.
-struct Project {
-    explicit Project(int language = 2) : s(2) {
-        s.GetStructureCmd()->SetLanguage(language);
-        s.CreateDefaultContents(language, 0);
-    }
-    int Line(const std::string& text) {
-        std::string l = text + "\r\n";
-        return cmd().Command(l, &log, 0, 1);
-    }
-    void Lines(const std::string& text) {
-        std::string t = text;
-        cmd().CommandConvert(&t, &log, 0);
-    }
-    CStructureCmd& cmd() { return *s.GetStructureCmd(); }
+struct Project : test::CommandProject {
+    using CommandProject::CommandProject;
     CKeySection* Section(int line, double station) { return s.GetKeySectionPtr(line, station); }
-    CStructure s;
-    std::string log;
 };
 
 // A line with a straight from station 0 to 100, a drawn section at 10 (a triangle of 1 m with a

@@ -2,6 +2,8 @@
 #include "geometry/Tendon.h"
 #include "model/Structure.h"
 
+#include "CommandProject.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -10,24 +12,9 @@ using namespace kelo;
 
 namespace {
 
-// A new project (sets number 1 of each kind) driven line by line.
-struct Project {
-    explicit Project(int language = 2) : s(2) {
-        s.GetStructureCmd()->SetLanguage(language);
-        s.CreateDefaultContents(language, 0);
-    }
-    int Line(const std::string& text) {
-        std::string l = text + "\r\n";
-        return cmd().Command(l, &log, 0, 1);
-    }
-    void Lines(const std::string& text) {
-        std::string t = text;
-        cmd().CommandConvert(&t, &log, 0);
-    }
-    CStructureCmd& cmd() { return *s.GetStructureCmd(); }
+struct Project : test::CommandProject {
+    using CommandProject::CommandProject;
     CTendon* Tendon(int no) { return s.GetTendonPtr(no); }
-    CStructure s;
-    std::string log;
 };
 
 // A girder of four elements of 5 m along X, a reference line along it with axes 1 and 2 at
