@@ -21,8 +21,6 @@ constexpr double kSameStation = 1e-5;
 // Change codes and the write action of the change notes.
 constexpr int kCidRefLine = 301, kCidAllRefLineGeom = 303, kCidAxis = 304, kBaseWrite = 5;
 
-int Int(double v) { return static_cast<int>(v); }
-
 // A clothoid radius whose integer part is 0 is the infinite radius at the straight end.
 bool IsInfiniteRadius(double r) { return std::trunc(std::fabs(r)) == 0.0; }
 
@@ -100,7 +98,7 @@ CAlignmentCmd::CAlignmentCmd(CStructureCmd& cmd) : m_cmd(cmd) {
 CStructure& CAlignmentCmd::Structure() const { return *m_cmd.GetStructure(); }
 
 CRefLine* CAlignmentCmd::LineForGeometry(double value, int showDialog) {
-    const int no = Int(value);
+    const int no = FieldInt(value);
     // Even without checks a negative number can't name a line.
     if (no < 0) {
         m_cmd.Message(3120, showDialog, no, value, nullptr);
@@ -132,7 +130,7 @@ int CAlignmentCmd::ProfValueIndex(int commandValue) {
 int CAlignmentCmd::RflDataCheck(double* values, int showDialog) {
     const int level = m_cmd.GetCheckLevel();
     if (level < 1) return 0;
-    const int no = Int(values[0]), type = Int(values[1]);
+    const int no = FieldInt(values[0]), type = FieldInt(values[1]);
     // Line 0 is the project's frame for sections that belong to no line.
     if (no < 1) {
         m_cmd.Message(3101, showDialog, no, values[0], nullptr);
@@ -154,7 +152,7 @@ int CAlignmentCmd::Rfl(std::string& rest, int showDialog) {
     std::string text;
     const int check = ValuesAndCheck(kRfl, rest, values, 2, text, showDialog);
     if (check < -1) return check;
-    const int no = Int(values[0]), type = Int(values[1]);
+    const int no = FieldInt(values[0]), type = FieldInt(values[1]);
     const std::string name = CutName(Trim(text), kNameLength);
     // A line defined again keeps what stands on it (segments, axes, sections): only its name and
     // the way its stations are measured change.
@@ -174,7 +172,7 @@ int CAlignmentCmd::Rfl(std::string& rest, int showDialog) {
 int CAlignmentCmd::RflaxisDataCheck(double* values, int showDialog) {
     const int level = m_cmd.GetCheckLevel();
     if (level < 1) return 0;
-    const int lineNo = Int(values[0]), axisNo = Int(values[1]);
+    const int lineNo = FieldInt(values[0]), axisNo = FieldInt(values[1]);
     if (axisNo < 0) {
         m_cmd.Message(3100, showDialog, axisNo, values[1], nullptr);
         return -2;
@@ -196,7 +194,7 @@ int CAlignmentCmd::Rflaxis(std::string& rest, int showDialog) {
     std::string text;
     const int check = ValuesAndCheck(kRflaxis, rest, values, 3, text, showDialog);
     if (check < -1) return check;
-    const int lineNo = Int(values[0]), axisNo = Int(values[1]);
+    const int lineNo = FieldInt(values[0]), axisNo = FieldInt(values[1]);
     CRefLine* line = Structure().GetRefLinePtr(lineNo);
     // Without checks a missing line still can't take the axis.
     if (!line) {
@@ -214,7 +212,7 @@ int CAlignmentCmd::Rflaxis(std::string& rest, int showDialog) {
 int CAlignmentCmd::RflhorDataCheck(double* values, int showDialog) {
     const int level = m_cmd.GetCheckLevel();
     if (level < 1) return 0;
-    const int lineNo = Int(values[0]), segNo = Int(values[1]), type = Int(values[2]);
+    const int lineNo = FieldInt(values[0]), segNo = FieldInt(values[1]), type = FieldInt(values[2]);
     if (segNo < 1) {
         m_cmd.Message(3119, showDialog, segNo, values[1], nullptr);
         return -2;
@@ -259,8 +257,8 @@ int CAlignmentCmd::Rflhor(std::string& rest, int showDialog) {
     CRefLine* line = LineForGeometry(values[0], showDialog);
     if (!line) return -2;
     line->AddHorSegment(std::make_unique<CHorSegment>(
-        Int(values[1]), line, Int(values[2]), values[3], values[4], values[5], values[6], values[7],
-        values[8], values[9], values[10], values[11]));
+        FieldInt(values[1]), line, FieldInt(values[2]), values[3], values[4], values[5], values[6],
+        values[7], values[8], values[9], values[10], values[11]));
     NoteGeometryChange(line->GetNo());
     return check;
 }
@@ -270,7 +268,7 @@ int CAlignmentCmd::Rflhor(std::string& rest, int showDialog) {
 int CAlignmentCmd::RflverDataCheck(double* values, int showDialog) {
     const int level = m_cmd.GetCheckLevel();
     if (level < 1) return 0;
-    const int lineNo = Int(values[0]), segNo = Int(values[1]), type = Int(values[2]);
+    const int lineNo = FieldInt(values[0]), segNo = FieldInt(values[1]), type = FieldInt(values[2]);
     if (segNo < 1) {
         m_cmd.Message(3119, showDialog, segNo, values[1], nullptr);
         return -2;
@@ -304,9 +302,9 @@ int CAlignmentCmd::Rflver(std::string& rest, int showDialog) {
     if (check < -1) return check;
     CRefLine* line = LineForGeometry(values[0], showDialog);
     if (!line) return -2;
-    line->AddVerSegment(std::make_unique<CVerSegment>(Int(values[1]), line, Int(values[2]),
-                                                      values[3], values[4], values[5], values[6],
-                                                      values[7]));
+    line->AddVerSegment(std::make_unique<CVerSegment>(FieldInt(values[1]), line,
+                                                      FieldInt(values[2]), values[3], values[4],
+                                                      values[5], values[6], values[7]));
     NoteGeometryChange(line->GetNo());
     return check;
 }
@@ -316,7 +314,8 @@ int CAlignmentCmd::Rflver(std::string& rest, int showDialog) {
 int CAlignmentCmd::RflcoordDataCheck(double* values, int showDialog) {
     const int level = m_cmd.GetCheckLevel();
     if (level < 1) return 0;
-    const int lineNo = Int(values[0]), pointNo = Int(values[1]), type = Int(values[2]);
+    const int lineNo = FieldInt(values[0]), pointNo = FieldInt(values[1]),
+              type = FieldInt(values[2]);
     if (pointNo < 1) {
         m_cmd.Message(3122, showDialog, pointNo, values[1], nullptr);
         return -2;
@@ -347,13 +346,13 @@ int CAlignmentCmd::Rflcoord(std::string& rest, int showDialog) {
     std::string text;
     const int check = ValuesAndCheck(kRflcoord, rest, values, 7, text, showDialog);
     if (check < -1) return check;
-    CRefLine* line = Structure().GetRefLinePtr(Int(values[0]));
+    CRefLine* line = Structure().GetRefLinePtr(FieldInt(values[0]));
     if (!line) {
-        m_cmd.Message(3010, showDialog, Int(values[0]), values[0], nullptr);
+        m_cmd.Message(3010, showDialog, FieldInt(values[0]), values[0], nullptr);
         return -2;
     }
-    line->AddCoord(std::make_unique<CCoord>(Int(values[1]), line, Int(values[2]), values[3],
-                                            values[4], values[5], values[6]));
+    line->AddCoord(std::make_unique<CCoord>(FieldInt(values[1]), line, FieldInt(values[2]),
+                                            values[3], values[4], values[5], values[6]));
     NoteGeometryChange(line->GetNo());
     return check;
 }
@@ -363,7 +362,8 @@ int CAlignmentCmd::Rflcoord(std::string& rest, int showDialog) {
 int CAlignmentCmd::RflcolDataCheck(double* values, int showDialog) {
     const int level = m_cmd.GetCheckLevel();
     if (level < 1) return 0;
-    const int lineNo = Int(values[0]), type = Int(values[1]), parentNo = Int(values[2]);
+    const int lineNo = FieldInt(values[0]), type = FieldInt(values[1]),
+              parentNo = FieldInt(values[2]);
     const double location = values[3], angle = values[5], top = values[6], bottom = values[7];
     if (lineNo < 1 || parentNo < 1) {
         m_cmd.Message(3120, showDialog, lineNo < 1 ? lineNo : parentNo, 0.0, nullptr);
@@ -394,9 +394,9 @@ int CAlignmentCmd::RflcolDataCheck(double* values, int showDialog) {
     }
     double station = location;
     if (type == 2 || type == 4) {
-        const CAxis* axis = parent->GetAxisPtr(Int(location));
+        const CAxis* axis = parent->GetAxisPtr(FieldInt(location));
         if (!axis) {
-            m_cmd.Message(3031, showDialog, Int(location), location, nullptr);
+            m_cmd.Message(3031, showDialog, FieldInt(location), location, nullptr);
             return -2;
         }
         station = axis->GetStationNo();
@@ -422,10 +422,10 @@ int CAlignmentCmd::Rflcol(std::string& rest, int showDialog) {
     if (check < -1) return check;
     CRefLine* line = LineForGeometry(values[0], showDialog);
     if (!line) return -2;
-    const int type = Int(values[1]);
+    const int type = FieldInt(values[1]);
     line->SetColumn(1);
     line->SetColumnType(type);
-    line->SetRefLineFromColumn(Int(values[2]));
+    line->SetRefLineFromColumn(FieldInt(values[2]));
     line->SetColumnValues(values + 3);
     // The station on the parent line is known now for a column given by station; one given by
     // axis gets it from the axis when the column is built.
@@ -438,7 +438,7 @@ int CAlignmentCmd::Rflcol(std::string& rest, int showDialog) {
 
 int CAlignmentCmd::RflprofDataCheck(double* values, int showDialog) {
     if (m_cmd.GetCheckLevel() < 1) return 0;
-    const int lineNo = Int(values[0]);
+    const int lineNo = FieldInt(values[0]);
     if (lineNo < 1) {
         m_cmd.Message(3120, showDialog, lineNo, values[0], nullptr);
         return -2;

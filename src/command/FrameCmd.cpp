@@ -38,18 +38,9 @@ constexpr std::size_t kProjectNameLength = 64;
 // The largest joint code: all six freedoms of an end released.
 constexpr double kMaxJointCode = 111111.0;
 
-// A value of a command as an integer, truncated as a number field is; a value beyond the range of
-// an integer is held at its end, and one that is no number at all is 0.
-int ToInt(double v) {
-    if (std::isnan(v)) return 0;
-    if (v >= static_cast<double>(INT_MAX)) return INT_MAX;
-    if (v <= static_cast<double>(INT_MIN)) return INT_MIN;
-    return static_cast<int>(v);
-}
-
 // The k-th number of a run that starts at `first` and grows by `increment`.
 int NthNo(double first, double increment, int k) {
-    return ToInt(std::trunc(first) + k * std::trunc(increment));
+    return FieldInt(std::trunc(first) + k * std::trunc(increment));
 }
 
 std::string NameOf(const std::string& text) { return CutName(Trim(text), kNameLength); }
@@ -57,10 +48,10 @@ std::string NameOf(const std::string& text) { return CutName(Trim(text), kNameLe
 // Walks the range first, last, step at `range` as its check left it and calls f(number, k) with k
 // counting from 0. A callable that answers bool ends the walk by answering false.
 template <class F> void ForRange(const double* range, F&& f) {
-    const long long step = ToInt(range[2]);
+    const long long step = FieldInt(range[2]);
     if (step == 0) return;
     int k = 0;
-    for (long long i = ToInt(range[0]);
+    for (long long i = FieldInt(range[0]);
          i >= INT_MIN && i <= INT_MAX && CStructureCmd::LessOrEqual(static_cast<int>(i), range);
          i += step, ++k) {
         if constexpr (std::is_same_v<std::invoke_result_t<F&, int, int>, bool>) {
@@ -74,7 +65,8 @@ template <class F> void ForRange(const double* range, F&& f) {
 // Whether a number belongs to the range first, last, step at `range`, as a walk of it would meet
 // it.
 bool InRange(int no, const double* range) {
-    const long long first = ToInt(range[0]), last = ToInt(range[1]), step = ToInt(range[2]);
+    const long long first = FieldInt(range[0]), last = FieldInt(range[1]),
+                    step = FieldInt(range[2]);
     if (step > 0) return no >= first && no <= last && (no - first) % step == 0;
     if (step < 0) return no <= first && no >= last && (first - no) % (-step) == 0;
     return false;
@@ -110,9 +102,10 @@ double Distance(const CNode& a, const CNode& b) {
 // Spacing of the stations of the nodes of a range from s1 to s2: the last node of the range lands
 // on s2. The count of intervals is whole, as the node numbers are.
 double StationSpacing(const double* range, double s1, double s2) {
-    const long long step = ToInt(range[2]);
+    const long long step = FieldInt(range[2]);
     if (step == 0) return 0.0;
-    const long long intervals = (static_cast<long long>(ToInt(range[1])) - ToInt(range[0])) / step;
+    const long long intervals =
+        (static_cast<long long>(FieldInt(range[1])) - FieldInt(range[0])) / step;
     return intervals != 0 ? (s2 - s1) / static_cast<double>(intervals) : 0.0;
 }
 
@@ -166,7 +159,7 @@ bool CFrameCmd::BeginCheck(int base, double* values, int showDialog, int& result
     if (base >= 0) {
         // Numbers are whole: a range is read as whole numbers before it is checked, so that a
         // fractional step counts by its whole part and one without a whole part is refused.
-        for (int i = 0; i < 3; ++i) values[base + i] = ToInt(values[base + i]);
+        for (int i = 0; i < 3; ++i) values[base + i] = FieldInt(values[base + i]);
         result = m_cmd.StepCheck(base, values, showDialog);
         if (result < -1) return false;
         const double count = (values[base + 1] - values[base]) / values[base + 2] + 1.0;
@@ -230,7 +223,7 @@ void CFrameCmd::SetElementSection(CElement& element, int sectionNo) const {
 int CFrameCmd::NodeDataCheck(double* values, int showDialog) {
     int result = 0;
     if (!BeginCheck(0, values, showDialog, result)) return result;
-    const int first = ToInt(values[0]), last = ToInt(values[1]);
+    const int first = FieldInt(values[0]), last = FieldInt(values[1]);
     if (std::min(first, last) < 1) {
         m_cmd.Message(3102, showDialog, std::min(first, last), 0.0, nullptr);
         return -2;
@@ -312,9 +305,9 @@ int CFrameCmd::StationsOnLine(const double* range, CRefLine& line, double s1, do
 int CFrameCmd::RflnodeDataCheck(double* values, int showDialog) {
     int result = 0;
     if (!BeginCheck(0, values, showDialog, result)) return result;
-    CRefLine* line = Structure().GetRefLinePtr(ToInt(values[3]));
+    CRefLine* line = Structure().GetRefLinePtr(FieldInt(values[3]));
     if (!line) {
-        m_cmd.Message(3010, showDialog, ToInt(values[3]), 0.0, nullptr);
+        m_cmd.Message(3010, showDialog, FieldInt(values[3]), 0.0, nullptr);
         return -2;
     }
     if (WarningsChecked())
@@ -327,7 +320,7 @@ int CFrameCmd::Rflnode(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadValues(kRflnode, rest, v, 6, text, showDialog);
     if (check < -1) return check;
-    CRefLine* line = Structure().GetRefLinePtr(ToInt(v[3]));
+    CRefLine* line = Structure().GetRefLinePtr(FieldInt(v[3]));
     if (!line) return check;
     NodesAlongLine(v, *line, v[4], v[5]);
     m_cmd.AddChange(kCidAllNodes, nullptr, kWrite);
@@ -349,7 +342,7 @@ int CFrameCmd::AxisStations(const double* values, const CRefLine& line, int axis
         s2 = a2->GetStationNo() + offset2;
         return 1;
     }
-    if (ToInt(values[0]) == ToInt(values[1])) return 1;
+    if (FieldInt(values[0]) == FieldInt(values[1])) return 1;
     missing = axis2;
     return 0;
 }
@@ -357,17 +350,17 @@ int CFrameCmd::AxisStations(const double* values, const CRefLine& line, int axis
 int CFrameCmd::AxisNodeCheck(double* values, bool sharedOffset, int showDialog) {
     int result = 0;
     if (!BeginCheck(0, values, showDialog, result)) return result;
-    CRefLine* line = Structure().GetRefLinePtr(ToInt(values[3]));
+    CRefLine* line = Structure().GetRefLinePtr(FieldInt(values[3]));
     if (!line) {
-        m_cmd.Message(3010, showDialog, ToInt(values[3]), 0.0, nullptr);
+        m_cmd.Message(3010, showDialog, FieldInt(values[3]), 0.0, nullptr);
         return -2;
     }
     const double offset1 = values[6];
     const double offset2 = sharedOffset ? values[6] : values[7];
     double s1 = 0.0, s2 = 0.0;
     int missing = 0;
-    if (!AxisStations(values, *line, ToInt(values[4]), ToInt(values[5]), offset1, offset2, s1, s2,
-                      missing)) {
+    if (!AxisStations(values, *line, FieldInt(values[4]), FieldInt(values[5]), offset1, offset2, s1,
+                      s2, missing)) {
         m_cmd.Message(3031, showDialog, missing, 0.0, nullptr);
         return -2;
     }
@@ -381,12 +374,12 @@ int CFrameCmd::AxisnodeDataCheck(double* values, int showDialog) {
 }
 
 int CFrameCmd::NodesBetweenAxes(double* v, double offset1, double offset2, int check) {
-    CRefLine* line = Structure().GetRefLinePtr(ToInt(v[3]));
+    CRefLine* line = Structure().GetRefLinePtr(FieldInt(v[3]));
     if (!line) return check;
     double s1 = 0.0, s2 = 0.0;
     int missing = 0;
     // A missing axis ends the command.
-    if (!AxisStations(v, *line, ToInt(v[4]), ToInt(v[5]), offset1, offset2, s1, s2, missing))
+    if (!AxisStations(v, *line, FieldInt(v[4]), FieldInt(v[5]), offset1, offset2, s1, s2, missing))
         return check;
     NodesAlongLine(v, *line, s1, s2);
     m_cmd.AddChange(kCidAllNodes, nullptr, kWrite);
@@ -416,9 +409,9 @@ int CFrameCmd::Axis2nod(std::string& rest, int showDialog) {
 int CFrameCmd::NodecoordDataCheck(double* values, int showDialog) {
     int result = 0;
     if (!BeginCheck(0, values, showDialog, result)) return result;
-    CRefLine* line = Structure().GetRefLinePtr(ToInt(values[3]));
+    CRefLine* line = Structure().GetRefLinePtr(FieldInt(values[3]));
     if (!line) {
-        m_cmd.Message(3010, showDialog, ToInt(values[3]), 0.0, nullptr);
+        m_cmd.Message(3010, showDialog, FieldInt(values[3]), 0.0, nullptr);
         return -2;
     }
     bool missing = false;
@@ -439,7 +432,7 @@ int CFrameCmd::Nodecoord(std::string& rest, int showDialog) {
     const int check = ReadValues(kNodecoord, rest, v, 6, text, showDialog);
     if (check < -1) return check;
     CStructure& s = Structure();
-    CRefLine* line = s.GetRefLinePtr(ToInt(v[3]));
+    CRefLine* line = s.GetRefLinePtr(FieldInt(v[3]));
     if (!line) return check;
     line->FillCoordListStations();
     bool replaced = false;
@@ -527,13 +520,13 @@ int CFrameCmd::ElemDataCheck(double* values, int showDialog) {
     int result = 0;
     if (!BeginCheck(0, values, showDialog, result)) return result;
     CStructure& s = Structure();
-    const int first = ToInt(values[0]), last = ToInt(values[1]);
+    const int first = FieldInt(values[0]), last = FieldInt(values[1]);
     if (std::min(first, last) < 1) {
         m_cmd.Message(3107, showDialog, std::min(first, last), 0.0, nullptr);
         return -2;
     }
-    if (ToInt(values[3]) == ToInt(values[4])) {
-        m_cmd.Message(3014, showDialog, ToInt(values[3]), 0.0, nullptr);
+    if (FieldInt(values[3]) == FieldInt(values[4])) {
+        m_cmd.Message(3014, showDialog, FieldInt(values[3]), 0.0, nullptr);
         return -2;
     }
     int missing = 0;
@@ -547,7 +540,7 @@ int CFrameCmd::ElemDataCheck(double* values, int showDialog) {
         return -2;
     }
     if (!WarningsChecked()) return result;
-    if (first != last && ToInt(values[5]) == 0) {
+    if (first != last && FieldInt(values[5]) == 0) {
         m_cmd.Message(2101, showDialog, first, 0.0, nullptr);
         result = -1;
     }
@@ -603,11 +596,11 @@ int CFrameCmd::JointDataCheck(double* values, int showDialog) {
     int result = 0;
     if (!BeginCheck(0, values, showDialog, result)) return result;
     if (values[3] < 0.0 || values[3] > kMaxJointCode) {
-        m_cmd.Message(3302, showDialog, ToInt(values[3]), values[3], nullptr);
+        m_cmd.Message(3302, showDialog, FieldInt(values[3]), values[3], nullptr);
         return -2;
     }
     if (values[4] < 0.0 || values[4] > kMaxJointCode) {
-        m_cmd.Message(3303, showDialog, ToInt(values[4]), values[4], nullptr);
+        m_cmd.Message(3303, showDialog, FieldInt(values[4]), values[4], nullptr);
         return -2;
     }
     if (WarningsChecked()) result = std::min(result, MissingElements(values, showDialog));
@@ -634,12 +627,12 @@ int CFrameCmd::Joint(std::string& rest, int showDialog) {
 int CFrameCmd::GeomsectDataCheck(double* values, int showDialog) {
     int result = 0;
     if (!BeginCheck(-1, values, showDialog, result)) return result;
-    if (ToInt(values[0]) < 1) {
-        m_cmd.Message(3103, showDialog, ToInt(values[0]), 0.0, nullptr);
+    if (FieldInt(values[0]) < 1) {
+        m_cmd.Message(3103, showDialog, FieldInt(values[0]), 0.0, nullptr);
         return -2;
     }
-    if (!IsValidSectionType(ToInt(values[1]))) {
-        m_cmd.Message(3304, showDialog, ToInt(values[1]), 0.0, nullptr);
+    if (!IsValidSectionType(FieldInt(values[1]))) {
+        m_cmd.Message(3304, showDialog, FieldInt(values[1]), 0.0, nullptr);
         return -2;
     }
     if (!(values[2] > 0.0)) {
@@ -659,12 +652,12 @@ int CFrameCmd::Geomsect(std::string& rest, int showDialog) {
     const int check = ReadValues(kSectins, rest, v, 8, text, showDialog);
     if (check < -1) return check;
     CStructure& s = Structure();
-    const int no = ToInt(v[0]);
+    const int no = FieldInt(v[0]);
     // A frame section stands on line 0 at the station of its number, with no material: its
     // stiffness is its own modulus times the properties of its dimensions.
     auto section = std::make_unique<CKeySection>(no, NameOf(text), no);
-    section->SetType(ToInt(v[1]));
-    section->SetOriginalType(ToInt(v[1]));
+    section->SetType(FieldInt(v[1]));
+    section->SetOriginalType(FieldInt(v[1]));
     section->SetMatType(0);
     section->SetYoungsModulus(v[2]);
     section->SetPoisson(v[3]);
@@ -686,14 +679,14 @@ int CFrameCmd::ElemspecDataCheck(double* values, int showDialog) {
     int result = 0;
     if (!BeginCheck(0, values, showDialog, result)) return result;
     CStructure& s = Structure();
-    const int section = ToInt(values[3]);
+    const int section = FieldInt(values[3]);
     const CRefLine* line0 = s.GetRefLinePtr(0);
     if (section > 0 && !(line0 && line0->GetKeySectionPtr(section))) {
         m_cmd.Message(3015, showDialog, 0, values[3], nullptr);
         return -2;
     }
     // Code 0 leaves the local axes as they are.
-    const int code = ToInt(values[4]);
+    const int code = FieldInt(values[4]);
     if (code < 0 || code > 5) {
         m_cmd.Message(3305, showDialog, code, 0.0, nullptr);
         return -2;
@@ -710,8 +703,8 @@ int CFrameCmd::ElemspecDataCheck(double* values, int showDialog) {
             return -2;
         }
     }
-    if (code == 3 && (ToInt(values[5]) < 1 || ToInt(values[5]) > 6)) {
-        m_cmd.Message(3307, showDialog, ToInt(values[5]), 0.0, nullptr);
+    if (code == 3 && (FieldInt(values[5]) < 1 || FieldInt(values[5]) > 6)) {
+        m_cmd.Message(3307, showDialog, FieldInt(values[5]), 0.0, nullptr);
         return -2;
     }
     if (WarningsChecked()) result = std::min(result, MissingElements(values, showDialog));
@@ -724,8 +717,8 @@ int CFrameCmd::Elemspec(std::string& rest, int showDialog) {
     const int check = ReadValues(kElspins, rest, v, 8, text, showDialog);
     if (check < -1) return check;
     CStructure& s = Structure();
-    const int section = ToInt(v[3]);
-    const int code = ToInt(v[4]);
+    const int section = FieldInt(v[3]);
+    const int code = FieldInt(v[4]);
     ForRange(v, [&](int no, int k) {
         CElement* e = s.GetElementPtr(no);
         if (!e) return;
@@ -741,7 +734,7 @@ int CFrameCmd::Elemspec(std::string& rest, int showDialog) {
             e->SetAlpha(v[5] + k * v[6]);
             break;
         case 3:
-            e->SetNDirCode(ToInt(v[5]));
+            e->SetNDirCode(FieldInt(v[5]));
             break;
         default:
             break;
@@ -794,8 +787,8 @@ int CFrameCmd::Dessect(std::string& rest, int showDialog) {
 int CFrameCmd::MassDataCheck(double* values, int showDialog) {
     int result = 0;
     if (!BeginCheck(0, values, showDialog, result)) return result;
-    const int type = ToInt(values[3]);
-    const int direction = ToInt(values[4]);
+    const int type = FieldInt(values[3]);
+    const int direction = FieldInt(values[4]);
     if (type != 1 && type != 3 && type != 4 && type != 5) {
         m_cmd.Message(3309, showDialog, type, 0.0, nullptr);
         return -2;
@@ -824,8 +817,8 @@ int CFrameCmd::Mass(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadValues(kMass, rest, v, 7, text, showDialog);
     if (check < -1) return check;
-    const int type = ToInt(v[3]);
-    const int direction = ToInt(v[4]);
+    const int type = FieldInt(v[3]);
+    const int direction = FieldInt(v[4]);
     ForRange(v, [&](int no, int) {
         CElement* e = Structure().GetElementPtr(no);
         if (!e) return;
@@ -890,7 +883,7 @@ int CFrameCmd::TorsionAD(std::string& rest, int showDialog) {
 int CFrameCmd::AxialDataCheck(double* values, int showDialog) {
     int result = 0;
     if (!BeginCheck(0, values, showDialog, result)) return result;
-    const int type = ToInt(values[3]);
+    const int type = FieldInt(values[3]);
     if (type != 1 && type != 2) {
         m_cmd.Message(3317, showDialog, type, 0.0, nullptr);
         return -2;
@@ -899,7 +892,7 @@ int CFrameCmd::AxialDataCheck(double* values, int showDialog) {
     result = std::min(result, MissingElements(values, showDialog));
     if (type == 2) {
         for (int i = 4; i < 10; i += 2) {
-            const int loadcase = ToInt(values[i]);
+            const int loadcase = FieldInt(values[i]);
             if (loadcase > 0 && !Structure().GetLoadcasePtr(loadcase)) {
                 m_cmd.Message(2029, showDialog, loadcase, 0.0, nullptr);
                 result = -1;
@@ -914,7 +907,7 @@ int CFrameCmd::Axial(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadValues(kAxial, rest, v, 10, text, showDialog);
     if (check < -1) return check;
-    const int type = ToInt(v[3]);
+    const int type = FieldInt(v[3]);
     ForRange(v, [&](int no, int) {
         CElement* e = Structure().GetElementPtr(no);
         if (!e) return;
@@ -935,9 +928,9 @@ int CFrameCmd::Axial(std::string& rest, int showDialog) {
         } else if (type == 2) {
             // Up to three load cases with their factors, taken from a pre-analysis.
             for (int i = 4; i < 10; i += 2) {
-                if (ToInt(v[i]) <= 0) continue;
+                if (FieldInt(v[i]) <= 0) continue;
                 CAxial* a = add(2);
-                a->SetLoadcaseNo(ToInt(v[i]));
+                a->SetLoadcaseNo(FieldInt(v[i]));
                 a->SetLoadcaseFac(v[i + 1]);
             }
         }
@@ -949,14 +942,14 @@ int CFrameCmd::Axial(std::string& rest, int showDialog) {
 // ------------------------------------------------------------------------- DELETE
 
 int CFrameCmd::DeleteDataCheck(double* values, int showDialog) {
-    const bool all = ToInt(values[1]) == -1;
+    const bool all = FieldInt(values[1]) == -1;
     // "DELETE 1 5" means node 5 alone: a last number below the first one counts only with a step.
     if (!all && values[3] == 0.0 && values[2] < values[1]) values[2] = values[1];
     int result = 0;
     if (!BeginCheck(all ? -1 : 1, values, showDialog, result)) return result;
-    const int item = ToInt(values[0]);
+    const int item = FieldInt(values[0]);
     if (item != 1 && item != 2) {
-        m_cmd.Message(3338, showDialog, ToInt(values[1]), values[0], nullptr);
+        m_cmd.Message(3338, showDialog, FieldInt(values[1]), values[0], nullptr);
         return -2;
     }
     if (item != 1) return result;
@@ -994,8 +987,8 @@ int CFrameCmd::Delete(std::string& rest, int showDialog) {
     const int check = ReadValues(kDelete, rest, v, 5, text, showDialog);
     if (check < -1) return check;
     CStructure& s = Structure();
-    const int item = ToInt(v[0]);
-    const bool all = ToInt(v[1]) == -1;
+    const int item = FieldInt(v[0]);
+    const bool all = FieldInt(v[1]) == -1;
     // One pass over the list, however many numbers go: a whole model is emptied as fast as one
     // node is deleted.
     if (item == 1) {
@@ -1023,11 +1016,11 @@ int CFrameCmd::Delete(std::string& rest, int showDialog) {
 int CFrameCmd::ModelDataCheck(double* values, int showDialog) {
     int result = 0;
     if (!BeginCheck(2, values, showDialog, result)) return result;
-    if (ToInt(values[0]) < 1) {
-        m_cmd.Message(3115, showDialog, ToInt(values[0]), 0.0, nullptr);
+    if (FieldInt(values[0]) < 1) {
+        m_cmd.Message(3115, showDialog, FieldInt(values[0]), 0.0, nullptr);
         return -2;
     }
-    const int code = ToInt(values[1]);
+    const int code = FieldInt(values[1]);
     if (code != 1 && code != -1 && code != 3 && code != -3) {
         m_cmd.Message(3318, showDialog, code, 0.0, nullptr);
         return -2;
@@ -1052,8 +1045,8 @@ int CFrameCmd::Model(std::string& rest, int showDialog) {
     const int check = ReadValues(kModel, rest, v, 6, text, showDialog);
     if (check < -1) return check;
     CStructure& s = Structure();
-    const int no = ToInt(v[0]);
-    const int code = ToInt(v[1]);
+    const int no = FieldInt(v[0]);
+    const int code = FieldInt(v[1]);
     const std::string name = NameOf(text);
     CModel* model = s.GetModelPtr(no);
     const bool elementsGiven = code == 3 || code == -3;
@@ -1106,7 +1099,7 @@ int CFrameCmd::ModmodifDataCheck(double* values, int showDialog) {
     int result = 0;
     if (!BeginCheck(2, values, showDialog, result)) return result;
     CStructure& s = Structure();
-    const int modelNo = ToInt(values[0]);
+    const int modelNo = FieldInt(values[0]);
     if (modelNo < 1) {
         m_cmd.Message(3115, showDialog, modelNo, 0.0, nullptr);
         return -2;
@@ -1115,7 +1108,7 @@ int CFrameCmd::ModmodifDataCheck(double* values, int showDialog) {
         m_cmd.Message(3026, showDialog, modelNo, 0.0, nullptr);
         return -2;
     }
-    const int type = ToInt(values[1]);
+    const int type = FieldInt(values[1]);
     if (!IsValidModifyType(type)) {
         m_cmd.Message(3319, showDialog, type, 0.0, nullptr);
         return -2;
@@ -1133,9 +1126,9 @@ int CFrameCmd::ModmodifDataCheck(double* values, int showDialog) {
         }
     }
     if (type == 11) {
-        const CRefLine* line = s.GetRefLinePtr(ToInt(values[5]));
+        const CRefLine* line = s.GetRefLinePtr(FieldInt(values[5]));
         if (!(line && line->GetKeySectionPtr(values[6]))) {
-            m_cmd.Message(3015, showDialog, ToInt(values[5]), values[6], nullptr);
+            m_cmd.Message(3015, showDialog, FieldInt(values[5]), values[6], nullptr);
             return -2;
         }
     }
@@ -1149,12 +1142,12 @@ int CFrameCmd::Modmodif(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadValues(kModmodif, rest, v, 11, text, showDialog);
     if (check < -1) return check;
-    CModel* model = Structure().GetModelPtr(ToInt(v[0]));
+    CModel* model = Structure().GetModelPtr(FieldInt(v[0]));
     if (!model) return check;
     auto modify = std::make_unique<CModelModify>();
-    modify->SetModel(ToInt(v[0]));
-    modify->SetType(ToInt(v[1]));
-    for (int i = 0; i < 3; ++i) modify->SetInterval(i, ToInt(v[2 + i]));
+    modify->SetModel(FieldInt(v[0]));
+    modify->SetType(FieldInt(v[1]));
+    for (int i = 0; i < 3; ++i) modify->SetInterval(i, FieldInt(v[2 + i]));
     for (int i = 0; i < 6; ++i) modify->SetValues(i, v[5 + i]);
     model->GetModelModifyList().Add(std::move(modify));
     m_cmd.AddChange(kCidAllModels, nullptr, kWrite);
@@ -1175,16 +1168,16 @@ int CFrameCmd::Member(std::string& rest, int showDialog) {
     const int check = ReadValues(kMember, rest, v, 5, text, showDialog);
     if (check < -1) return check;
     CStructure& s = Structure();
-    const int no = ToInt(v[0]);
+    const int no = FieldInt(v[0]);
     const std::string name = NameOf(text);
     CMember* member = s.GetMemberPtr(no);
     if (!member) {
-        member = s.AddMember(std::make_unique<CMember>(no, ToInt(v[1]), name));
+        member = s.AddMember(std::make_unique<CMember>(no, FieldInt(v[1]), name));
     } else {
-        member->SetType(ToInt(v[1]));
+        member->SetType(FieldInt(v[1]));
         if (!name.empty()) member->SetName(name);
     }
-    if (ToInt(v[2]) != 0) {
+    if (FieldInt(v[2]) != 0) {
         ForRange(&v[2], [&](int i, int) {
             CElement* e = s.GetElementPtr(i);
             if (!e) return;
@@ -1204,7 +1197,7 @@ int CFrameCmd::Member(std::string& rest, int showDialog) {
 int CFrameCmd::SeleDataCheck(double* values, int showDialog) {
     int result = 0;
     if (!BeginCheck(1, values, showDialog, result)) return result;
-    const int item = ToInt(values[0]);
+    const int item = FieldInt(values[0]);
     if (item != 1 && item != 2) {
         m_cmd.Message(3339, showDialog, item, 0.0, nullptr);
         return -2;
@@ -1218,7 +1211,7 @@ int CFrameCmd::Select(std::string& rest, int showDialog, int type, int visible) 
     const int check = ReadValues(type, rest, v, 4, text, showDialog);
     if (check < -1) return check;
     CStructure& s = Structure();
-    const int item = ToInt(v[0]);
+    const int item = FieldInt(v[0]);
     ForRange(&v[1], [&](int no, int) {
         if (item == 1) {
             if (CNode* node = s.GetNodePtr(no)) node->SetVisible(visible);
@@ -1250,14 +1243,14 @@ int CFrameCmd::Esel(std::string& rest, int showDialog) {
     const int check = ReadValues(kEsel, rest, v, 4, text, showDialog);
     if (check < -1) return check;
     CStructure& s = Structure();
-    const int no = ToInt(v[0]);
+    const int no = FieldInt(v[0]);
     const std::string name = NameOf(text);
     CSelection* selection = s.GetSelectionPtr(no);
     if (!selection)
         selection = s.AddSelection(std::make_unique<CSelection>(no, name), 0);
     else if (!name.empty())
         selection->SetName(name);
-    selection->AddSelection(ToInt(v[1]), ToInt(v[2]), ToInt(v[3]));
+    selection->AddSelection(FieldInt(v[1]), FieldInt(v[2]), FieldInt(v[3]));
     m_cmd.AddChange(kCidDesignDoc, nullptr, kWrite);
     return check;
 }
@@ -1267,12 +1260,12 @@ int CFrameCmd::Esel(std::string& rest, int showDialog) {
 int CFrameCmd::ProjectDataCheck(double* values, int showDialog) {
     int result = 0;
     if (!BeginCheck(-1, values, showDialog, result)) return result;
-    const int concrete = ToInt(values[1]);
+    const int concrete = FieldInt(values[1]);
     if (concrete < 101 || concrete > 106) {
         m_cmd.Message(3137, showDialog, concrete, 0.0, nullptr);
         return -2;
     }
-    const int steel = ToInt(values[2]);
+    const int steel = FieldInt(values[2]);
     if (steel != 201 && steel != 202) {
         m_cmd.Message(3138, showDialog, steel, 0.0, nullptr);
         return -2;
@@ -1286,9 +1279,9 @@ int CFrameCmd::Project(std::string& rest, int showDialog) {
     const int check = ReadValues(kProject, rest, v, 3, text, showDialog);
     if (check < -1) return check;
     CStructure& s = Structure();
-    s.SetProjectNo(ToInt(v[0]));
-    s.SetConcrCode(ToInt(v[1]));
-    s.SetSteelCode(ToInt(v[2]));
+    s.SetProjectNo(FieldInt(v[0]));
+    s.SetConcrCode(FieldInt(v[1]));
+    s.SetSteelCode(FieldInt(v[2]));
     s.SetName(CutName(Trim(text), kProjectNameLength));
     m_cmd.AddChange(kCidDesignDoc, nullptr, kWrite);
     return check;

@@ -53,15 +53,6 @@ constexpr int kResultExternalLoadcase = 11, kResultExternalLoadcomb = 12,
 const char* const kTrafRowNames[12] = {"PL-Max", "PM-Max", "PN-Max", "ML-Max", "MM-Max", "MN-Max",
                                        "PL-Min", "PM-Min", "PN-Min", "ML-Min", "MM-Min", "MN-Min"};
 
-// An integer field is read by truncation toward zero; values beyond the range of an int are
-// held at its ends, so that no number can overflow when it is negated or stepped.
-int Int(double v) {
-    if (std::isnan(v)) return 0;
-    if (v >= static_cast<double>(INT_MAX)) return INT_MAX;
-    if (v <= -static_cast<double>(INT_MAX)) return -INT_MAX;
-    return static_cast<int>(v);
-}
-
 std::string NameOf(const std::string& text) { return CutName(Trim(text), kNameLength); }
 
 // No real model numbers a million objects in one command: a longer range is taken for a typing
@@ -69,26 +60,27 @@ std::string NameOf(const std::string& text) { return CutName(Trim(text), kNameLe
 constexpr long long kMaxRangeNumbers = 1000000;
 
 bool RangeTooLong(const double* range) {
-    const long long step = Int(range[2]);
+    const long long step = FieldInt(range[2]);
     if (step == 0) return false;
-    return (static_cast<long long>(Int(range[1])) - Int(range[0])) / step + 1 > kMaxRangeNumbers;
+    return (static_cast<long long>(FieldInt(range[1])) - FieldInt(range[0])) / step + 1 >
+           kMaxRangeNumbers;
 }
 
 // Calls f(number, k) for each number of the range first, last, step at `range`, k counting from
 // 0. A step that truncates to 0, and a range that is too long, give no numbers.
 void ForRange(const double* range, const std::function<void(int, int)>& f) {
-    const long long step = Int(range[2]);
+    const long long step = FieldInt(range[2]);
     if (step == 0 || RangeTooLong(range)) return;
-    const long long last = Int(range[1]);
+    const long long last = FieldInt(range[1]);
     int k = 0;
-    for (long long i = Int(range[0]); step > 0 ? i <= last : i >= last; i += step)
+    for (long long i = FieldInt(range[0]); step > 0 ? i <= last : i >= last; i += step)
         f(static_cast<int>(i), k++);
 }
 
 bool InRange(int no, const double* range) {
-    const long long first = Int(range[0]);
-    const long long step = Int(range[2]);
-    const long long last = Int(range[1]);
+    const long long first = FieldInt(range[0]);
+    const long long step = FieldInt(range[2]);
+    const long long last = FieldInt(range[1]);
     if (step > 0) return no >= first && no <= last && (no - first) % step == 0;
     if (step < 0) return no <= first && no >= last && (first - no) % -step == 0;
     return no == first;
@@ -101,7 +93,7 @@ int ExternalType(int code) { return code == 1 ? kResultExternalLoadcase : kResul
 constexpr int kMaxTrafLoadNo = INT_MAX - 11;
 
 // One decimal digit of a code; a check refuses anything else.
-int Digit(double v) { return Int(v) % 10; }
+int Digit(double v) { return FieldInt(v) % 10; }
 
 bool ValidLimitState(int ls) { return ls >= 1 && ls <= 4; }
 
@@ -299,36 +291,36 @@ void CLoadCmd::RecalcDependencies(bool charts) {
 // reference line take the line in the place of first: type 30 with the interval in stations,
 // type 40 with two axis numbers of the line.
 int CLoadCmd::LoadDataCheck(double* v, int showDialog) {
-    const int type = Int(v[1]);
+    const int type = FieldInt(v[1]);
     const bool alongLine = type == 30 || type == 40;
     int result = alongLine ? 0 : RangeCheck(2, v, showDialog);
     if (!CheckErrors()) return 0;
     if (result < -1) return result;
-    if (Int(v[0]) < 1) {
-        m_cmd.Message(3108, showDialog, Int(v[0]), v[0], nullptr);
+    if (FieldInt(v[0]) < 1) {
+        m_cmd.Message(3108, showDialog, FieldInt(v[0]), v[0], nullptr);
         return -2;
     }
     if (!ValidLoadType(type)) {
         m_cmd.Message(3313, showDialog, type, v[1], nullptr);
         return -2;
     }
-    const int dir = Int(v[5]);
+    const int dir = FieldInt(v[5]);
     if (LoadNeedsDirection(type) && (dir < 1 || dir > 6)) {
         m_cmd.Message(3310, showDialog, dir, v[5], nullptr);
         return -2;
     }
     double a = v[6], b = v[7];
     if (alongLine) {
-        const CRefLine* line = S().GetRefLinePtr(Int(v[2]));
-        if (Int(v[2]) < 1 || !line) {
-            m_cmd.Message(3314, showDialog, Int(v[2]), v[2], nullptr);
+        const CRefLine* line = S().GetRefLinePtr(FieldInt(v[2]));
+        if (FieldInt(v[2]) < 1 || !line) {
+            m_cmd.Message(3314, showDialog, FieldInt(v[2]), v[2], nullptr);
             return -2;
         }
         if (type == 40) {
-            const CAxis* axisA = line->GetAxisPtr(Int(a));
-            const CAxis* axisB = line->GetAxisPtr(Int(b));
+            const CAxis* axisA = line->GetAxisPtr(FieldInt(a));
+            const CAxis* axisB = line->GetAxisPtr(FieldInt(b));
             if (!axisA || !axisB) {
-                m_cmd.Message(3031, showDialog, axisA ? Int(b) : Int(a), 0.0, nullptr);
+                m_cmd.Message(3031, showDialog, axisA ? FieldInt(b) : FieldInt(a), 0.0, nullptr);
                 return -2;
             }
             a = axisA->GetStationNo();
@@ -339,7 +331,7 @@ int CLoadCmd::LoadDataCheck(double* v, int showDialog) {
         m_cmd.Message(3135, showDialog, 0, 0.0, nullptr);
         return -2;
     }
-    if (CheckWarnings() && !alongLine && !(IsIntervalLoad(type) && Int(v[2]) == 0)) {
+    if (CheckWarnings() && !alongLine && !(IsIntervalLoad(type) && FieldInt(v[2]) == 0)) {
         ForRange(&v[2], [&](int no, int) {
             if (!S().GetElementPtr(no)) {
                 m_cmd.Message(2027, showDialog, no, 0.0, nullptr);
@@ -355,9 +347,9 @@ int CLoadCmd::Load(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kLoad, rest, v, 10, text, showDialog);
     if (check < -1) return check;
-    const int lcNo = Int(v[0]);
-    const int type = Int(v[1]);
-    const int dir = Int(v[5]);
+    const int lcNo = FieldInt(v[0]);
+    const int type = FieldInt(v[1]);
+    const int dir = FieldInt(v[5]);
     if (IsIntervalLoad(type) && m_cmd.GetFirstLoadFlags(1) == 1) {
         RecalcDependencies(true);
         m_cmd.SetFirstLoadFlags(1, 0);
@@ -366,22 +358,22 @@ int CLoadCmd::Load(std::string& rest, int showDialog) {
     if (type >= 20 && type <= 22) {
         ExpandIntervalLoad(*lc, v, false, type - 20, v[6], v[7]);
     } else if (type == 30 || type == 40) {
-        const CRefLine* line = S().GetRefLinePtr(Int(v[2]));
+        const CRefLine* line = S().GetRefLinePtr(FieldInt(v[2]));
         double a = v[6], b = v[7];
         if (type == 40 && line) {
-            const CAxis* axisA = line->GetAxisPtr(Int(a));
-            const CAxis* axisB = line->GetAxisPtr(Int(b));
+            const CAxis* axisA = line->GetAxisPtr(FieldInt(a));
+            const CAxis* axisB = line->GetAxisPtr(FieldInt(b));
             a = axisA ? axisA->GetStationNo() : a;
             b = axisB ? axisB->GetStationNo() : b;
         }
-        ExpandIntervalLoad(*lc, v, true, Int(v[2]), a, b);
+        ExpandIntervalLoad(*lc, v, true, FieldInt(v[2]), a, b);
     } else {
         ForRange(&v[2], [&](int no, int) {
             lc->AddLoad(std::make_unique<CLoad>(lcNo, no, type, dir, v[6], v[7], v[8], v[9]));
         });
     }
-    lc->GetLoadInpList().Add(std::make_unique<CLoadInp>(Int(v[2]), Int(v[3]), Int(v[4]), type, dir,
-                                                        v[6], v[7], v[8], v[9]));
+    lc->GetLoadInpList().Add(std::make_unique<CLoadInp>(
+        FieldInt(v[2]), FieldInt(v[3]), FieldInt(v[4]), type, dir, v[6], v[7], v[8], v[9]));
     m_cmd.AddChange(kCidAllLoadcases, nullptr, kWriteAction);
     return check;
 }
@@ -395,10 +387,10 @@ int CLoadCmd::Load(std::string& rest, int showDialog) {
 // along the load's direction at (nearly) no load instead of dividing by zero.
 void CLoadCmd::ExpandIntervalLoad(CLoadcase& lc, const double* v, bool alongLine, int axisOrLine,
                                   double a, double b) {
-    const int dir = Int(v[5]);
+    const int dir = FieldInt(v[5]);
     const double slope = (v[9] - v[8]) / (b - a);
     auto loadAt = [&](double s) { return v[8] + slope * (s - a); };
-    const bool allElements = alongLine || Int(v[2]) == 0;
+    const bool allElements = alongLine || FieldInt(v[2]) == 0;
     for (CElement* e : *S().GetElementList()) {
         if (e->GetNo() < 1 || (!allElements && !InRange(e->GetNo(), &v[2]))) continue;
         const CNode* n1 = S().GetNodePtr(e->GetNodeNo1());
@@ -452,8 +444,8 @@ void CLoadCmd::ExpandIntervalLoad(CLoadcase& lc, const double* v, bool alongLine
 // ML, MM, MN (kN, kNm), and two numbers stored with them.
 int CLoadCmd::ForceDataCheck(double* v, int showDialog) {
     if (!CheckErrors()) return 0;
-    const int code = Int(v[0]);
-    const int no = Int(v[1]);
+    const int code = FieldInt(v[0]);
+    const int no = FieldInt(v[1]);
     if (code != 1 && code != 2) {
         m_cmd.Message(3316, showDialog, code, v[0], nullptr);
         return -2;
@@ -479,7 +471,7 @@ int CLoadCmd::ForceDataCheck(double* v, int showDialog) {
             return -2;
         }
     }
-    const int elementNo = Int(v[2]);
+    const int elementNo = FieldInt(v[2]);
     CElement* e = S().GetElementPtr(elementNo);
     if (!e) {
         m_cmd.Message(2027, showDialog, elementNo, 0.0, nullptr);
@@ -506,8 +498,8 @@ int CLoadCmd::Force(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kForce, rest, v, 12, text, showDialog);
     if (check < -1) return check;
-    const int code = Int(v[0]);
-    const int no = Int(v[1]);
+    const int code = FieldInt(v[0]);
+    const int no = FieldInt(v[1]);
     if (code != 1 && code != 2) return -2;
     if (code == 1) {
         CLoadcase* lc = FindOrMakeLoadcase(no, NameOf(text), 1);
@@ -517,10 +509,10 @@ int CLoadCmd::Force(std::string& rest, int showDialog) {
         if (!comb) comb = S().AddLoadcomb(std::make_unique<CLoadcomb>(no, NameOf(text), 1));
         comb->SetExternal(1);
     }
-    int a = Int(v[10]), b = Int(v[11]);
+    int a = FieldInt(v[10]), b = FieldInt(v[11]);
     double forces[6] = {v[4], v[5], v[6], v[7], v[8], v[9]};
-    S().GetResBasePtr()->SectionForceInBase(0, 5, 0, Int(v[2]), v[3], ExternalType(code), no, a, b,
-                                            forces);
+    S().GetResBasePtr()->SectionForceInBase(0, 5, 0, FieldInt(v[2]), v[3], ExternalType(code), no,
+                                            a, b, forces);
     m_cmd.AddChange(kCidAllExtFrameForce, nullptr, kWriteAction);
     return check;
 }
@@ -529,8 +521,8 @@ int CLoadCmd::Force(std::string& rest, int showDialog) {
 // Rotz (rad).
 int CLoadCmd::DisplaceDataCheck(double* v, int showDialog) {
     if (!CheckErrors()) return 0;
-    const int code = Int(v[0]);
-    const int no = Int(v[1]);
+    const int code = FieldInt(v[0]);
+    const int no = FieldInt(v[1]);
     if (code != 1 && code != 2) {
         m_cmd.Message(3316, showDialog, code, v[0], nullptr);
         return -2;
@@ -552,8 +544,8 @@ int CLoadCmd::DisplaceDataCheck(double* v, int showDialog) {
             return -2;
         }
     }
-    if (!S().GetNodePtr(Int(v[2]))) {
-        m_cmd.Message(3020, showDialog, Int(v[2]), 0.0, nullptr);
+    if (!S().GetNodePtr(FieldInt(v[2]))) {
+        m_cmd.Message(3020, showDialog, FieldInt(v[2]), 0.0, nullptr);
         return -2;
     }
     return 0;
@@ -564,8 +556,8 @@ int CLoadCmd::Displace(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kDispl, rest, v, 9, text, showDialog);
     if (check < -1) return check;
-    const int code = Int(v[0]);
-    const int no = Int(v[1]);
+    const int code = FieldInt(v[0]);
+    const int no = FieldInt(v[1]);
     if (code != 1 && code != 2) return -2;
     if (code == 1) {
         FindOrMakeLoadcase(no, NameOf(text), 1)->SetExternal(1);
@@ -575,8 +567,8 @@ int CLoadCmd::Displace(std::string& rest, int showDialog) {
         comb->SetExternal(1);
     }
     const int type = ExternalType(code);
-    CDisplace d(Int(v[2]), no, type, v[3], v[4], v[5], v[6], v[7], v[8]);
-    S().GetResBasePtr()->NodeDisplaceInBase(0, 5, 0, Int(v[2]), type, no, &d);
+    CDisplace d(FieldInt(v[2]), no, type, v[3], v[4], v[5], v[6], v[7], v[8]);
+    S().GetResBasePtr()->NodeDisplaceInBase(0, 5, 0, FieldInt(v[2]), type, no, &d);
     m_cmd.AddChange(kCidAllExtFrameDispl, nullptr, kWriteAction);
     return check;
 }
@@ -588,12 +580,12 @@ int CLoadCmd::Displace(std::string& rest, int showDialog) {
 // sections reads them.
 int CLoadCmd::SectforceDataCheck(double* v, int showDialog) {
     if (!CheckErrors()) return 0;
-    if (Int(v[0]) < 1) {
-        m_cmd.Message(3133, showDialog, Int(v[0]), v[0], nullptr);
+    if (FieldInt(v[0]) < 1) {
+        m_cmd.Message(3133, showDialog, FieldInt(v[0]), v[0], nullptr);
         return -2;
     }
-    if (!ValidLimitState(Int(v[1]))) {
-        m_cmd.Message(3321, showDialog, Int(v[1]), v[1], nullptr);
+    if (!ValidLimitState(FieldInt(v[1]))) {
+        m_cmd.Message(3321, showDialog, FieldInt(v[1]), v[1], nullptr);
         return -2;
     }
     const CRefLine* line0 = S().GetRefLinePtr(0);
@@ -609,10 +601,10 @@ int CLoadCmd::Sectforce(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kSectforce, rest, v, 10, text, showDialog);
     if (check < -1) return check;
-    int ls = Int(v[1]), code = Int(v[3]);
+    int ls = FieldInt(v[1]), code = FieldInt(v[3]);
     double forces[6] = {v[4], v[5], v[6], v[7], v[8], v[9]};
-    S().GetResBasePtr()->SectionForceInBase(0, 5, 0, -Int(v[2]), 0.0, kResultKeySectionForce,
-                                            Int(v[0]), ls, code, forces);
+    S().GetResBasePtr()->SectionForceInBase(0, 5, 0, -FieldInt(v[2]), 0.0, kResultKeySectionForce,
+                                            FieldInt(v[0]), ls, code, forces);
     m_cmd.AddChange(kCidAllExtDesignForce, nullptr, kWriteAction);
     return check;
 }
@@ -623,8 +615,8 @@ int CLoadCmd::Sectforce(std::string& rest, int showDialog) {
 // factor; a pair with case 0 is left out.
 int CLoadCmd::OrdcombDataCheck(double* v, int showDialog) {
     if (!CheckErrors()) return 0;
-    const int no = Int(v[0]);
-    const int code = Int(v[1]);
+    const int no = FieldInt(v[0]);
+    const int code = FieldInt(v[1]);
     if (no < 1) {
         m_cmd.Message(3004, showDialog, no, v[0], nullptr);
         return -2;
@@ -633,8 +625,8 @@ int CLoadCmd::OrdcombDataCheck(double* v, int showDialog) {
         m_cmd.Message(3322, showDialog, code, v[1], nullptr);
         return -2;
     }
-    if (!ValidLimitState(Int(v[2]))) {
-        m_cmd.Message(3321, showDialog, Int(v[2]), v[2], nullptr);
+    if (!ValidLimitState(FieldInt(v[2]))) {
+        m_cmd.Message(3321, showDialog, FieldInt(v[2]), v[2], nullptr);
         return -2;
     }
     int result = 0;
@@ -643,7 +635,7 @@ int CLoadCmd::OrdcombDataCheck(double* v, int showDialog) {
         return c ? &c->GetLoadfacts() : nullptr;
     };
     for (int p = 0; p < 3; ++p) {
-        const int caseNo = Int(v[3 + 2 * p]);
+        const int caseNo = FieldInt(v[3 + 2 * p]);
         if (caseNo <= 0) continue;
         if (code == 2 && caseNo == no) {
             m_cmd.Message(3503, showDialog, no, 0.0, nullptr);
@@ -675,14 +667,15 @@ int CLoadCmd::Ordcomb(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kOrdcomb, rest, v, 9, text, showDialog);
     if (check < -1) return check;
-    const int no = Int(v[0]);
+    const int no = FieldInt(v[0]);
     CLoadcomb* comb = S().GetLoadcombPtr(no);
     if (!comb)
-        comb = S().AddLoadcomb(std::make_unique<CLoadcomb>(no, NameOf(text), Int(v[2])));
+        comb = S().AddLoadcomb(std::make_unique<CLoadcomb>(no, NameOf(text), FieldInt(v[2])));
     else if (!NameOf(text).empty())
         comb->SetName(NameOf(text));
     for (int p = 0; p < 3; ++p)
-        if (Int(v[3 + 2 * p]) > 0) comb->AddLoadfact(Int(v[3 + 2 * p]), Int(v[1]), v[4 + 2 * p]);
+        if (FieldInt(v[3 + 2 * p]) > 0)
+            comb->AddLoadfact(FieldInt(v[3 + 2 * p]), FieldInt(v[1]), v[4 + 2 * p]);
     m_cmd.AddChange(kCidAllOrdLoadcomb, nullptr, kWriteAction);
     return check;
 }
@@ -691,15 +684,15 @@ int CLoadCmd::Ordcomb(std::string& rest, int showDialog) {
 // three pairs of case and factor.
 int CLoadCmd::SortcombDataCheck(double* v, int showDialog) {
     if (!CheckErrors()) return 0;
-    const int no = Int(v[0]);
-    const int code = Int(v[1]);
-    const int method = Int(v[3]);
+    const int no = FieldInt(v[0]);
+    const int code = FieldInt(v[1]);
+    const int method = FieldInt(v[3]);
     if (no < 1) {
         m_cmd.Message(3118, showDialog, no, v[0], nullptr);
         return -2;
     }
-    if (!ValidLimitState(Int(v[2]))) {
-        m_cmd.Message(3321, showDialog, Int(v[2]), v[2], nullptr);
+    if (!ValidLimitState(FieldInt(v[2]))) {
+        m_cmd.Message(3321, showDialog, FieldInt(v[2]), v[2], nullptr);
         return -2;
     }
     if (code < 1 || code > 4) {
@@ -718,7 +711,7 @@ int CLoadCmd::SortcombDataCheck(double* v, int showDialog) {
     };
     int result = 0;
     for (int p = 0; p < 3; ++p) {
-        const int caseNo = Int(v[4 + 2 * p]);
+        const int caseNo = FieldInt(v[4 + 2 * p]);
         if (caseNo <= 0) continue;
         if (code == 4) {
             if (caseNo == no) {
@@ -756,14 +749,16 @@ int CLoadCmd::Sortcomb(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kSortcomb, rest, v, 10, text, showDialog);
     if (check < -1) return check;
-    const int no = Int(v[0]);
+    const int no = FieldInt(v[0]);
     CSortComb* comb = S().GetSortCombPtr(no);
     if (!comb)
-        comb = S().AddSortComb(std::make_unique<CSortComb>(no, NameOf(text), Int(v[2]), Int(v[3])));
+        comb = S().AddSortComb(
+            std::make_unique<CSortComb>(no, NameOf(text), FieldInt(v[2]), FieldInt(v[3])));
     else if (!NameOf(text).empty())
         comb->SetName(NameOf(text));
     for (int p = 0; p < 3; ++p)
-        if (Int(v[4 + 2 * p]) > 0) comb->AddLoadfact(Int(v[4 + 2 * p]), Int(v[1]), v[5 + 2 * p]);
+        if (FieldInt(v[4 + 2 * p]) > 0)
+            comb->AddLoadfact(FieldInt(v[4 + 2 * p]), FieldInt(v[1]), v[5 + 2 * p]);
     m_cmd.AddChange(kCidAllSortComb, nullptr, kWriteAction);
     return check;
 }
@@ -772,10 +767,11 @@ int CLoadCmd::Sortcomb(std::string& rest, int showDialog) {
 // calculation code (0 or 1), and the range of elements (first 0: every element).
 int CLoadCmd::SortlineDataCheck(double* v, int showDialog) {
     int result = RangeCheck(1, v, showDialog);
-    if (result >= -1 && Int(v[6]) != 0) result = std::min(result, RangeCheck(6, v, showDialog));
+    if (result >= -1 && FieldInt(v[6]) != 0)
+        result = std::min(result, RangeCheck(6, v, showDialog));
     if (!CheckErrors()) return 0;
     if (result < -1) return result;
-    const int no = Int(v[0]);
+    const int no = FieldInt(v[0]);
     if (no < 1) {
         m_cmd.Message(3123, showDialog, no, v[0], nullptr);
         return -2;
@@ -784,12 +780,12 @@ int CLoadCmd::SortlineDataCheck(double* v, int showDialog) {
         m_cmd.Message(3514, showDialog, no, v[0], nullptr);
         return -2;
     }
-    if (!ValidLimitState(Int(v[4]))) {
-        m_cmd.Message(3321, showDialog, Int(v[4]), v[4], nullptr);
+    if (!ValidLimitState(FieldInt(v[4]))) {
+        m_cmd.Message(3321, showDialog, FieldInt(v[4]), v[4], nullptr);
         return -2;
     }
-    if (Int(v[5]) != 0 && Int(v[5]) != 1) {
-        m_cmd.Message(3326, showDialog, Int(v[5]), v[5], nullptr);
+    if (FieldInt(v[5]) != 0 && FieldInt(v[5]) != 1) {
+        m_cmd.Message(3326, showDialog, FieldInt(v[5]), v[5], nullptr);
         return -2;
     }
     if (CheckWarnings()) {
@@ -812,11 +808,11 @@ int CLoadCmd::Sortline(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kSortline, rest, v, 9, text, showDialog);
     if (check < -1) return check;
-    auto line = std::make_unique<CSortCombLine>(Int(v[0]), NameOf(text));
-    for (int i = 0; i < 3; ++i) line->SetSortCombInterval(i, Int(v[1 + i]));
-    line->SetLimitState(Int(v[4]));
-    line->SetCalcCode(Int(v[5]));
-    if (Int(v[6]) == 0) {
+    auto line = std::make_unique<CSortCombLine>(FieldInt(v[0]), NameOf(text));
+    for (int i = 0; i < 3; ++i) line->SetSortCombInterval(i, FieldInt(v[1 + i]));
+    line->SetLimitState(FieldInt(v[4]));
+    line->SetCalcCode(FieldInt(v[5]));
+    if (FieldInt(v[6]) == 0) {
         for (const CElement* e : *S().GetElementList())
             if (e->GetNo() > 0) line->AddElementNo(e->GetNo());
     } else {
@@ -832,8 +828,8 @@ int CLoadCmd::Sortline(std::string& rest, int showDialog) {
 // Values: number, three pairs of load case and factor.
 int CLoadCmd::CreepcmbDataCheck(double* v, int showDialog) {
     if (!CheckErrors()) return 0;
-    if (Int(v[0]) < 1) {
-        m_cmd.Message(3113, showDialog, Int(v[0]), v[0], nullptr);
+    if (FieldInt(v[0]) < 1) {
+        m_cmd.Message(3113, showDialog, FieldInt(v[0]), v[0], nullptr);
         return -2;
     }
     return 0;
@@ -844,14 +840,14 @@ int CLoadCmd::Creepcmb(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kCreepcmb, rest, v, 7, text, showDialog);
     if (check < -1) return check;
-    CCreepComb* comb = S().GetCreepCombPtr(Int(v[0]));
+    CCreepComb* comb = S().GetCreepCombPtr(FieldInt(v[0]));
     if (!comb)
-        comb = S().AddCreepComb(std::make_unique<CCreepComb>(Int(v[0]), NameOf(text)));
+        comb = S().AddCreepComb(std::make_unique<CCreepComb>(FieldInt(v[0]), NameOf(text)));
     else if (!NameOf(text).empty())
         comb->SetName(NameOf(text));
     for (int p = 0; p < 3; ++p)
-        if (Int(v[1 + 2 * p]) > 0)
-            comb->GetLoadfacts().AddSumming(Int(v[1 + 2 * p]), 1, v[2 + 2 * p]);
+        if (FieldInt(v[1 + 2 * p]) > 0)
+            comb->GetLoadfacts().AddSumming(FieldInt(v[1 + 2 * p]), 1, v[2 + 2 * p]);
     m_cmd.AddChange(kCidAllCreepComb, nullptr, kWriteAction);
     return check;
 }
@@ -862,12 +858,12 @@ int CLoadCmd::CreeplcDataCheck(double* v, int showDialog) {
     int result = RangeCheck(1, v, showDialog);
     if (!CheckErrors()) return 0;
     if (result < -1) return result;
-    if (Int(v[0]) < 1) {
-        m_cmd.Message(3114, showDialog, Int(v[0]), v[0], nullptr);
+    if (FieldInt(v[0]) < 1) {
+        m_cmd.Message(3114, showDialog, FieldInt(v[0]), v[0], nullptr);
         return -2;
     }
-    if (!S().GetCreepCombPtr(Int(v[4]))) {
-        m_cmd.Message(3054, showDialog, Int(v[4]), v[4], nullptr);
+    if (!S().GetCreepCombPtr(FieldInt(v[4]))) {
+        m_cmd.Message(3054, showDialog, FieldInt(v[4]), v[4], nullptr);
         return -2;
     }
     if (v[6] <= v[5]) {
@@ -889,14 +885,14 @@ int CLoadCmd::Creeplc(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kCreeplc, rest, v, 8, text, showDialog);
     if (check < -1) return check;
-    const int lcNo = Int(v[0]);
+    const int lcNo = FieldInt(v[0]);
     CLoadcase* lc = FindOrMakeLoadcase(lcNo, NameOf(text), 4);
     lc->SetType(4);
     ForRange(&v[1], [&](int no, int) {
         lc->AddLoad(std::make_unique<CLoad>(lcNo, no, 50, 0, v[4], v[5], v[6], v[7]));
     });
-    lc->GetLoadInpList().Add(
-        std::make_unique<CLoadInp>(Int(v[1]), Int(v[2]), Int(v[3]), 50, 0, v[4], v[5], v[6], v[7]));
+    lc->GetLoadInpList().Add(std::make_unique<CLoadInp>(
+        FieldInt(v[1]), FieldInt(v[2]), FieldInt(v[3]), 50, 0, v[4], v[5], v[6], v[7]));
     m_cmd.AddChange(kCidAllCreepLoad, nullptr, kWriteAction);
     return check;
 }
@@ -908,11 +904,11 @@ int CLoadCmd::CalcgrpDataCheck(double* v, int showDialog) {
     int result = RangeCheck(2, v, showDialog);
     if (!CheckErrors()) return 0;
     if (result < -1) return result;
-    if (Int(v[0]) < 1) {
-        m_cmd.Message(3117, showDialog, Int(v[0]), v[0], nullptr);
+    if (FieldInt(v[0]) < 1) {
+        m_cmd.Message(3117, showDialog, FieldInt(v[0]), v[0], nullptr);
         return -2;
     }
-    const int type = Int(v[1]);
+    const int type = FieldInt(v[1]);
     if (type < 1 || type > 8) {
         m_cmd.Message(3320, showDialog, type, v[1], nullptr);
         return -2;
@@ -937,10 +933,10 @@ int CLoadCmd::Calcgrp(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kCalcgrp, rest, v, 5, text, showDialog);
     if (check < -1) return check;
-    const int type = Int(v[1]);
-    CCalcGroup* group = S().GetCalcGroupPtr(Int(v[0]));
+    const int type = FieldInt(v[1]);
+    CCalcGroup* group = S().GetCalcGroupPtr(FieldInt(v[0]));
     if (!group)
-        group = S().AddCalcGroup(std::make_unique<CCalcGroup>(Int(v[0]), NameOf(text), type));
+        group = S().AddCalcGroup(std::make_unique<CCalcGroup>(FieldInt(v[0]), NameOf(text), type));
     else if (!NameOf(text).empty())
         group->SetName(NameOf(text));
     ForRange(&v[2], [&](int no, int) {
@@ -969,7 +965,7 @@ int CLoadCmd::Calcgrp(std::string& rest, int showDialog) {
 // Values: code (-1 all, 1 ordinary combinations, 2 sorted combinations, 3 sorted lines).
 int CLoadCmd::CalccombDataCheck(double* v, int showDialog) {
     if (!CheckErrors()) return 0;
-    const int code = Int(v[0]);
+    const int code = FieldInt(v[0]);
     if (code != -1 && (code < 1 || code > 3)) {
         m_cmd.Message(3328, showDialog, code, v[0], nullptr);
         return -2;
@@ -982,7 +978,7 @@ int CLoadCmd::Calccomb(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kCalccomb, rest, v, 1, text, showDialog);
     if (check < -1) return check;
-    const int code = Int(v[0]);
+    const int code = FieldInt(v[0]);
     CAnalysisRun run(&S(), nullptr, nullptr, nullptr);
     run.SetMemResBasePtr(S().GetResBasePtr());
     run.SetProgress(&S().GetProgressSink());
@@ -1023,28 +1019,28 @@ int CLoadCmd::Calccomb(std::string& rest, int showDialog) {
 // Values: number, model, calculation group, analysis setup, and a spare.
 int CLoadCmd::AnalysisDataCheck(double* v, int showDialog) {
     if (!CheckErrors()) return 0;
-    if (Int(v[0]) < 1) {
-        m_cmd.Message(3116, showDialog, Int(v[0]), v[0], nullptr);
+    if (FieldInt(v[0]) < 1) {
+        m_cmd.Message(3116, showDialog, FieldInt(v[0]), v[0], nullptr);
         return -2;
     }
-    if (Int(v[1]) < 1) {
-        m_cmd.Message(3115, showDialog, Int(v[1]), v[1], nullptr);
+    if (FieldInt(v[1]) < 1) {
+        m_cmd.Message(3115, showDialog, FieldInt(v[1]), v[1], nullptr);
         return -2;
     }
-    if (!S().GetModelPtr(Int(v[1]))) {
-        m_cmd.Message(3026, showDialog, Int(v[1]), v[1], nullptr);
+    if (!S().GetModelPtr(FieldInt(v[1]))) {
+        m_cmd.Message(3026, showDialog, FieldInt(v[1]), v[1], nullptr);
         return -2;
     }
-    if (Int(v[2]) < 1) {
-        m_cmd.Message(3117, showDialog, Int(v[2]), v[2], nullptr);
+    if (FieldInt(v[2]) < 1) {
+        m_cmd.Message(3117, showDialog, FieldInt(v[2]), v[2], nullptr);
         return -2;
     }
-    if (!S().GetCalcGroupPtr(Int(v[2]))) {
-        m_cmd.Message(3028, showDialog, Int(v[2]), v[2], nullptr);
+    if (!S().GetCalcGroupPtr(FieldInt(v[2]))) {
+        m_cmd.Message(3028, showDialog, FieldInt(v[2]), v[2], nullptr);
         return -2;
     }
-    if (CheckWarnings() && Int(v[3]) > 0 && !S().GetAnalysisSetupPtr(Int(v[3]))) {
-        m_cmd.Message(2015, showDialog, Int(v[3]), v[3], nullptr);
+    if (CheckWarnings() && FieldInt(v[3]) > 0 && !S().GetAnalysisSetupPtr(FieldInt(v[3]))) {
+        m_cmd.Message(2015, showDialog, FieldInt(v[3]), v[3], nullptr);
         return -1;
     }
     return 0;
@@ -1055,13 +1051,13 @@ int CLoadCmd::Analysis(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kAnalysis, rest, v, 5, text, showDialog);
     if (check < -1) return check;
-    auto analysis = std::make_unique<CAnalysis>(Int(v[0]), NameOf(text));
-    analysis->SetModel(Int(v[1]));
-    analysis->SetFirstCalcGroup(Int(v[2]));
-    analysis->SetLastCalcGroup(Int(v[2]));
+    auto analysis = std::make_unique<CAnalysis>(FieldInt(v[0]), NameOf(text));
+    analysis->SetModel(FieldInt(v[1]));
+    analysis->SetFirstCalcGroup(FieldInt(v[2]));
+    analysis->SetLastCalcGroup(FieldInt(v[2]));
     analysis->SetStepCalcGroup(1);
-    analysis->SetAnSetupNo(Int(v[3]));
-    if (const CCalcGroup* group = S().GetCalcGroupPtr(Int(v[2])))
+    analysis->SetAnSetupNo(FieldInt(v[3]));
+    if (const CCalcGroup* group = S().GetCalcGroupPtr(FieldInt(v[2])))
         analysis->SetAnType(group->GetAnalysisType());
     S().AddAnalysis(std::move(analysis));
     m_cmd.AddChange(kCidAllAnalysis, nullptr, kWriteAction);
@@ -1075,11 +1071,11 @@ int CLoadCmd::Ansetup(std::string& rest, int showDialog) {
     const int check = ReadAndCheck(kAnsetup, rest, v, 5, text, showDialog);
     if (check < -1) return check;
     auto setup = std::make_unique<CAnalysisSetup>();
-    setup->SetNo(Int(v[0]));
+    setup->SetNo(FieldInt(v[0]));
     setup->SetName(NameOf(text));
-    setup->SetIncludeAxial(Int(v[1]));
-    setup->SetAnOption(Int(v[2]));
-    setup->SetAccumulate(Int(v[3]));
+    setup->SetIncludeAxial(FieldInt(v[1]));
+    setup->SetAnOption(FieldInt(v[2]));
+    setup->SetAccumulate(FieldInt(v[3]));
     S().AddAnalysisSetup(std::move(setup));
     m_cmd.AddChange(kCidAllAnsetup, nullptr, kWriteAction);
     return check;
@@ -1087,7 +1083,7 @@ int CLoadCmd::Ansetup(std::string& rest, int showDialog) {
 
 // Values: first (-1: every analysis), last, step.
 int CLoadCmd::AnsolveDataCheck(double* v, int showDialog) {
-    if (Int(v[0]) == -1) return 0;
+    if (FieldInt(v[0]) == -1) return 0;
     int result = RangeCheck(0, v, showDialog);
     if (!CheckErrors()) return 0;
     if (result < -1) return result;
@@ -1109,7 +1105,7 @@ int CLoadCmd::Ansolve(std::string& rest, int showDialog) {
     progress.SetText("Multiple frame analysis");
     std::string* log = m_cmd.GetLogText();
     std::vector<CAnalysis*> runs;
-    if (Int(v[0]) == -1) {
+    if (FieldInt(v[0]) == -1) {
         DeleteCalcResults(0, 0);
         for (CAnalysis* a : *S().GetAnalysisList()) {
             if (a->GetAnalysisNo() == 0) continue;
@@ -1130,14 +1126,14 @@ int CLoadCmd::Ansolve(std::string& rest, int showDialog) {
 // Values: type (-1 all, 1 to 8), number of modes.
 int CLoadCmd::SolveDataCheck(double* v, int showDialog) {
     if (!CheckErrors()) return 0;
-    const int type = Int(v[0]);
+    const int type = FieldInt(v[0]);
     if (type != -1 && (type < 1 || type > 8)) {
         m_cmd.Message(3327, showDialog, type, v[0], nullptr);
         return -2;
     }
     const bool modes = type == -1 || type == 4 || type == 7 || type == 8;
-    if (modes && Int(v[1]) < 1) {
-        m_cmd.Message(3124, showDialog, Int(v[1]), v[1], nullptr);
+    if (modes && FieldInt(v[1]) < 1) {
+        m_cmd.Message(3124, showDialog, FieldInt(v[1]), v[1], nullptr);
         return -2;
     }
     return 0;
@@ -1157,8 +1153,8 @@ int CLoadCmd::Solve(std::string& rest, int showDialog) {
     ProgressSink& progress = s.GetProgressSink();
     progress.SetText("Default All");
     std::string* log = m_cmd.GetLogText();
-    const int type = Int(v[0]);
-    const int modes = Int(v[1]);
+    const int type = FieldInt(v[0]);
+    const int modes = FieldInt(v[1]);
 
     if (CAnalysis::PreAnalsisRequired(*s.GetElementList())) {
         CAnalysis pre(0, "Default All");
@@ -1214,8 +1210,8 @@ int CLoadCmd::TraflineDataCheck(double* v, int showDialog) {
     int result = RangeCheck(1, v, showDialog);
     if (!CheckErrors()) return 0;
     if (result < -1) return result;
-    if (Int(v[0]) < 1) {
-        m_cmd.Message(3109, showDialog, Int(v[0]), v[0], nullptr);
+    if (FieldInt(v[0]) < 1) {
+        m_cmd.Message(3109, showDialog, FieldInt(v[0]), v[0], nullptr);
         return -2;
     }
     if (CheckWarnings())
@@ -1233,12 +1229,12 @@ int CLoadCmd::Trafline(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kTrafline, rest, v, 6, text, showDialog);
     if (check < -1) return check;
-    CTrafLine* line = S().GetTrafLinePtr(Int(v[0]));
+    CTrafLine* line = S().GetTrafLinePtr(FieldInt(v[0]));
     if (!line)
-        line = S().AddTrafLine(std::make_unique<CTrafLine>(Int(v[0]), NameOf(text)));
+        line = S().AddTrafLine(std::make_unique<CTrafLine>(FieldInt(v[0]), NameOf(text)));
     else if (!NameOf(text).empty())
         line->SetName(NameOf(text));
-    const int posNo = Int(v[4]);
+    const int posNo = FieldInt(v[4]);
     const double spacing = v[5];
     double accum = line->GetAccumLength();
     int accPos = line->GetAccumPosNo();
@@ -1252,14 +1248,15 @@ int CLoadCmd::Trafline(std::string& rest, int showDialog) {
             length = std::sqrt(std::pow(n2->GetX() - n1->GetX(), 2) +
                                std::pow(n2->GetY() - n1->GetY(), 2) +
                                std::pow(n2->GetZ() - n1->GetZ(), 2));
-        const int pieces = spacing > 0.0 ? std::max(1, Int(length / spacing)) : std::max(1, posNo);
+        const int pieces =
+            spacing > 0.0 ? std::max(1, FieldInt(length / spacing)) : std::max(1, posNo);
         line->GetTrafLineElemList().Add(
             std::make_unique<CTrafLineElem>(no, length, accum, pieces, accPos));
         accum += length;
         accPos += pieces;
     });
-    line->GetTrafLineInpList().Add(
-        std::make_unique<CTrafLineInp>(Int(v[1]), Int(v[2]), Int(v[3]), posNo, spacing));
+    line->GetTrafLineInpList().Add(std::make_unique<CTrafLineInp>(FieldInt(v[1]), FieldInt(v[2]),
+                                                                  FieldInt(v[3]), posNo, spacing));
     if (spacing > 0.0) line->SetMinPosDist(spacing);
     m_cmd.AddChange(kCidAllTraflines, nullptr, kWriteAction);
     return check;
@@ -1269,8 +1266,8 @@ int CLoadCmd::Trafline(std::string& rest, int showDialog) {
 // type, direction, and the eight track values.
 int CLoadCmd::TrafloadDataCheck(double* v, int showDialog) {
     if (!CheckErrors()) return 0;
-    const int no = Int(v[0]);
-    const int lineNo = Int(v[1]);
+    const int no = FieldInt(v[0]);
+    const int lineNo = FieldInt(v[1]);
     if (no < 1 || no > kMaxTrafLoadNo) {
         m_cmd.Message(3110, showDialog, no, v[0], nullptr);
         return -2;
@@ -1283,11 +1280,11 @@ int CLoadCmd::TrafloadDataCheck(double* v, int showDialog) {
         m_cmd.Message(3016, showDialog, lineNo, v[1], nullptr);
         return -2;
     }
-    if (Int(v[2]) < 1) {
-        m_cmd.Message(3111, showDialog, Int(v[2]), v[2], nullptr);
+    if (FieldInt(v[2]) < 1) {
+        m_cmd.Message(3111, showDialog, FieldInt(v[2]), v[2], nullptr);
         return -2;
     }
-    const int type = Int(v[3]);
+    const int type = FieldInt(v[3]);
     if (type < 1 || type > 6 || type == 5) {
         m_cmd.Message(3315, showDialog, type, v[3], nullptr);
         return -2;
@@ -1312,17 +1309,17 @@ int CLoadCmd::Trafload(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kTrafload, rest, v, 13, text, showDialog);
     if (check < -1) return check;
-    const int no = Int(v[0]);
+    const int no = FieldInt(v[0]);
     if (no > kMaxTrafLoadNo) return -2;
     CTrafLoad* load = S().GetTrafLoadPtr(no);
     if (!load) {
         const std::string name =
             NameOf(text).empty() ? Format("Traffic load %i", no) : NameOf(text);
-        load = S().AddTrafLoad(std::make_unique<CTrafLoad>(no, Int(v[1]), name));
+        load = S().AddTrafLoad(std::make_unique<CTrafLoad>(no, FieldInt(v[1]), name));
     } else if (!NameOf(text).empty()) {
         load->SetName(NameOf(text));
     }
-    auto track = std::make_unique<CTrafTrack>(Int(v[2]), Int(v[3]), Int(v[4]));
+    auto track = std::make_unique<CTrafTrack>(FieldInt(v[2]), FieldInt(v[3]), FieldInt(v[4]));
     track->SetTrafTrackValues(&v[5]);
     load->GetTrafTrackList().Add(std::move(track));
     // The twelve governing results of the load are kept as load cases of their own.
@@ -1343,13 +1340,13 @@ int CLoadCmd::Trafload(std::string& rest, int showDialog) {
 // node at that end, and the node is sorted in displacement listings as element + end / 10.
 int CLoadCmd::TrafdispDataCheck(double* v, int showDialog) {
     if (!CheckErrors()) return 0;
-    CElement* e = S().GetElementPtr(Int(v[0]));
+    CElement* e = S().GetElementPtr(FieldInt(v[0]));
     if (!e) {
-        m_cmd.Message(2027, showDialog, Int(v[0]), 0.0, nullptr);
+        m_cmd.Message(2027, showDialog, FieldInt(v[0]), 0.0, nullptr);
         return -2;
     }
-    if (Int(v[1]) != 1 && Int(v[1]) != 2) {
-        m_cmd.Message(3004, showDialog, Int(v[1]), v[1], nullptr);
+    if (FieldInt(v[1]) != 1 && FieldInt(v[1]) != 2) {
+        m_cmd.Message(3004, showDialog, FieldInt(v[1]), v[1], nullptr);
         return -2;
     }
     if (v[2] < 0.0 || v[2] > 1.0) {
@@ -1357,7 +1354,7 @@ int CLoadCmd::TrafdispDataCheck(double* v, int showDialog) {
         return -2;
     }
     if (!DesignSectionAt(*e, v[2])) {
-        m_cmd.Message(3023, showDialog, Int(v[0]), v[2], nullptr);
+        m_cmd.Message(3023, showDialog, FieldInt(v[0]), v[2], nullptr);
         return -2;
     }
     return 0;
@@ -1368,10 +1365,10 @@ int CLoadCmd::Trafdisp(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kTrafdisp, rest, v, 3, text, showDialog);
     if (check < -1) return check;
-    CElement* e = S().GetElementPtr(Int(v[0]));
+    CElement* e = S().GetElementPtr(FieldInt(v[0]));
     CDesignSection* ds = e ? DesignSectionAt(*e, v[2]) : nullptr;
     if (!ds) return -1;
-    const int nodeNo = Int(v[1]) == 2 ? e->GetNodeNo2() : e->GetNodeNo1();
+    const int nodeNo = FieldInt(v[1]) == 2 ? e->GetNodeNo2() : e->GetNodeNo1();
     ds->SetNodeDisplace(nodeNo);
     if (CNode* node = S().GetNodePtr(nodeNo)) node->SetSortDisplace(e->GetNo() + v[1] / 10.0);
     m_cmd.AddChange(kCidAllDesignSect, nullptr, kWriteAction);
@@ -1384,27 +1381,27 @@ int CLoadCmd::Trafdisp(std::string& rest, int showDialog) {
 // X, Y and Z, response spectrum (0: the built-in one), damping (%).
 int CLoadCmd::EarthquaDataCheck(double* v, int showDialog) {
     if (!CheckErrors()) return 0;
-    if (Int(v[0]) < 1) {
-        m_cmd.Message(3108, showDialog, Int(v[0]), v[0], nullptr);
+    if (FieldInt(v[0]) < 1) {
+        m_cmd.Message(3108, showDialog, FieldInt(v[0]), v[0], nullptr);
         return -2;
     }
-    if (Int(v[7]) > 0 && !S().GetEarthquakeSpectraPtr(Int(v[7]))) {
-        m_cmd.Message(3019, showDialog, Int(v[7]), v[7], nullptr);
+    if (FieldInt(v[7]) > 0 && !S().GetEarthquakeSpectraPtr(FieldInt(v[7]))) {
+        m_cmd.Message(3019, showDialog, FieldInt(v[7]), v[7], nullptr);
         return -2;
     }
-    const CLoadcase* lc = S().GetLoadcasePtr(Int(v[0]));
+    const CLoadcase* lc = S().GetLoadcasePtr(FieldInt(v[0]));
     if (CheckWarnings() && lc && lc->GetDynLoadPtr()) {
-        m_cmd.Message(2013, showDialog, Int(v[0]), 0.0, nullptr);
+        m_cmd.Message(2013, showDialog, FieldInt(v[0]), 0.0, nullptr);
         return -1;
     }
     return 0;
 }
 
 CDynLoad& CLoadCmd::AttachDynLoad(const double* v, const std::string& text) {
-    CLoadcase* lc = FindOrMakeLoadcase(Int(v[0]), NameOf(text), 3);
+    CLoadcase* lc = FindOrMakeLoadcase(FieldInt(v[0]), NameOf(text), 3);
     auto dyn = std::make_unique<CDynLoad>();
-    dyn->SetFirstMode(Int(v[1]));
-    dyn->SetLastMode(Int(v[2]));
+    dyn->SetFirstMode(FieldInt(v[1]));
+    dyn->SetLastMode(FieldInt(v[2]));
     CDynLoad& held = *dyn;
     lc->SetDynLoadPtr(std::move(dyn));
     lc->SetDynamic();
@@ -1422,7 +1419,7 @@ int CLoadCmd::Earthqua(std::string& rest, int showDialog) {
     dyn.SetScaleX(v[4]);
     dyn.SetScaleY(v[5]);
     dyn.SetScaleZ(v[6]);
-    dyn.SetEarthquakeSpectraNo(Int(v[7]));
+    dyn.SetEarthquakeSpectraNo(FieldInt(v[7]));
     dyn.SetDamping(v[8]);
     return check;
 }
@@ -1431,8 +1428,8 @@ int CLoadCmd::Earthqua(std::string& rest, int showDialog) {
 // terrain roughness, damping ratio, wind spectrum (0: the default), ground level (m).
 int CLoadCmd::DynwindDataCheck(double* v, int showDialog) {
     if (!CheckErrors()) return 0;
-    if (Int(v[0]) < 1) {
-        m_cmd.Message(3108, showDialog, Int(v[0]), v[0], nullptr);
+    if (FieldInt(v[0]) < 1) {
+        m_cmd.Message(3108, showDialog, FieldInt(v[0]), v[0], nullptr);
         return -2;
     }
     return 0;
@@ -1448,7 +1445,7 @@ int CLoadCmd::Dynwind(std::string& rest, int showDialog) {
     dyn.SetWindDirection(v[4]);
     dyn.SetRoughness(v[5]);
     dyn.SetDamping(v[6]);
-    dyn.SetWindSpectraNo(Int(v[7]));
+    dyn.SetWindSpectraNo(FieldInt(v[7]));
     dyn.SetGroundLevel(v[8]);
     return check;
 }
@@ -1458,15 +1455,15 @@ int CLoadCmd::Dynwind(std::string& rest, int showDialog) {
 // table (%), damping rule (0, 1, 2), normalisation of the ground acceleration.
 int CLoadCmd::EqspecDataCheck(double* v, int showDialog) {
     if (!CheckErrors()) return 0;
-    if (Int(v[0]) < 1) {
-        m_cmd.Message(3112, showDialog, Int(v[0]), v[0], nullptr);
+    if (FieldInt(v[0]) < 1) {
+        m_cmd.Message(3112, showDialog, FieldInt(v[0]), v[0], nullptr);
         return -2;
     }
-    if (Int(v[1]) < 0 || Int(v[1]) > 3) {
-        m_cmd.Message(3360, showDialog, Int(v[1]), v[1], nullptr);
+    if (FieldInt(v[1]) < 0 || FieldInt(v[1]) > 3) {
+        m_cmd.Message(3360, showDialog, FieldInt(v[1]), v[1], nullptr);
         return -2;
     }
-    const int code = Int(v[2]);
+    const int code = FieldInt(v[2]);
     if (code != 0 && code != 1 && code != 301) {
         m_cmd.Message(3361, showDialog, code, v[2], nullptr);
         return -2;
@@ -1475,7 +1472,7 @@ int CLoadCmd::EqspecDataCheck(double* v, int showDialog) {
         m_cmd.Message(3362, showDialog, 0, v[3], nullptr);
         return -2;
     }
-    if (Int(v[4]) < 0 || Int(v[4]) > 2 || v[5] <= 0.0) {
+    if (FieldInt(v[4]) < 0 || FieldInt(v[4]) > 2 || v[5] <= 0.0) {
         m_cmd.Message(3004, showDialog, 0, 0.0, nullptr);
         return -2;
     }
@@ -1487,17 +1484,17 @@ int CLoadCmd::Eqspec(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kEqspec, rest, v, 6, text, showDialog);
     if (check < -1) return check;
-    CEarthquakeSpectra* spectrum = S().GetEarthquakeSpectraPtr(Int(v[0]));
+    CEarthquakeSpectra* spectrum = S().GetEarthquakeSpectraPtr(FieldInt(v[0]));
     if (!spectrum) {
         auto made = std::make_unique<CEarthquakeSpectra>();
-        made->SetNo(Int(v[0]));
+        made->SetNo(FieldInt(v[0]));
         spectrum = S().AddEarthquakeSpectra(std::move(made));
     }
     if (!NameOf(text).empty()) spectrum->SetName(NameOf(text));
-    spectrum->SetValueKind(Int(v[1]));
-    spectrum->SetType(Int(v[2]));
+    spectrum->SetValueKind(FieldInt(v[1]));
+    spectrum->SetType(FieldInt(v[2]));
     spectrum->SetDamping(v[3]);
-    spectrum->SetDampingRule(Int(v[4]));
+    spectrum->SetDampingRule(FieldInt(v[4]));
     spectrum->SetNormalization(v[5]);
     m_cmd.AddChange(kCidAllEqSpectras, nullptr, kWriteAction);
     return check;
@@ -1507,20 +1504,20 @@ int CLoadCmd::Eqspec(std::string& rest, int showDialog) {
 // value.
 int CLoadCmd::EqspecptDataCheck(double* v, int showDialog) {
     if (!CheckErrors()) return 0;
-    if (!S().GetEarthquakeSpectraPtr(Int(v[0]))) {
-        m_cmd.Message(3366, showDialog, Int(v[0]), v[0], nullptr);
+    if (!S().GetEarthquakeSpectraPtr(FieldInt(v[0]))) {
+        m_cmd.Message(3366, showDialog, FieldInt(v[0]), v[0], nullptr);
         return -2;
     }
-    if (Int(v[1]) != 1 && Int(v[1]) != 2) {
-        m_cmd.Message(3367, showDialog, Int(v[1]), v[1], nullptr);
+    if (FieldInt(v[1]) != 1 && FieldInt(v[1]) != 2) {
+        m_cmd.Message(3367, showDialog, FieldInt(v[1]), v[1], nullptr);
         return -2;
     }
-    if (Int(v[2]) < 1) {
-        m_cmd.Message(3368, showDialog, Int(v[2]), v[2], nullptr);
+    if (FieldInt(v[2]) < 1) {
+        m_cmd.Message(3368, showDialog, FieldInt(v[2]), v[2], nullptr);
         return -2;
     }
-    if (Int(v[2]) > CEarthquakeSpectra::kMaxPoints) {
-        m_cmd.Message(3369, showDialog, Int(v[2]), v[2], nullptr);
+    if (FieldInt(v[2]) > CEarthquakeSpectra::kMaxPoints) {
+        m_cmd.Message(3369, showDialog, FieldInt(v[2]), v[2], nullptr);
         return -2;
     }
     return 0;
@@ -1531,8 +1528,8 @@ int CLoadCmd::Eqspecpt(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kEqspecpt, rest, v, 5, text, showDialog);
     if (check < -1) return check;
-    CEarthquakeSpectra* spectrum = S().GetEarthquakeSpectraPtr(Int(v[0]));
-    if (!spectrum || !spectrum->SetPoint(Int(v[1]), Int(v[2]), v[3], v[4])) return -2;
+    CEarthquakeSpectra* spectrum = S().GetEarthquakeSpectraPtr(FieldInt(v[0]));
+    if (!spectrum || !spectrum->SetPoint(FieldInt(v[1]), FieldInt(v[2]), v[3], v[4])) return -2;
     m_cmd.AddChange(kCidAllEqSpectras, nullptr, kWriteAction);
     return check;
 }
@@ -1544,11 +1541,11 @@ int CLoadCmd::Eqspecpt(std::string& rest, int showDialog) {
 // name is made with the default values when it is missing.
 int CLoadCmd::WindDataCheck(int type, double* v, int showDialog) {
     if (!CheckErrors()) return 0;
-    if (Int(v[0]) < 1) {
-        m_cmd.Message(3112, showDialog, Int(v[0]), v[0], nullptr);
+    if (FieldInt(v[0]) < 1) {
+        m_cmd.Message(3112, showDialog, FieldInt(v[0]), v[0], nullptr);
         return -2;
     }
-    const int spectrumType = Int(v[1]);
+    const int spectrumType = FieldInt(v[1]);
     if (type == kWindspec && (spectrumType < 1 || spectrumType > 4) && spectrumType != 101) {
         m_cmd.Message(3004, showDialog, spectrumType, v[1], nullptr);
         return -2;
@@ -1589,18 +1586,18 @@ int CLoadCmd::Wind(int type, std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(type, rest, v, 4, text, showDialog);
     if (check < -1) return check;
-    CWindSpectra* spectrum = S().GetWindSpectraPtr(Int(v[0]));
+    CWindSpectra* spectrum = S().GetWindSpectraPtr(FieldInt(v[0]));
     if (!spectrum) {
         auto made = std::make_unique<CWindSpectra>();
         made->SetDefaultSpectra();
-        made->SetNo(Int(v[0]));
+        made->SetNo(FieldInt(v[0]));
         spectrum = S().AddWindSpectra(std::move(made));
     }
     if (!NameOf(text).empty()) spectrum->SetName(NameOf(text));
     switch (type) {
     case kWindspec:
-        spectrum->SetType(Int(v[1]));
-        spectrum->SetAeroInclude(Int(v[2]));
+        spectrum->SetType(FieldInt(v[1]));
+        spectrum->SetAeroInclude(FieldInt(v[2]));
         spectrum->SetRefHeight(v[3]);
         break;
     case kWindlen:
@@ -1659,9 +1656,9 @@ int CLoadCmd::BuckldesDataCheck(double* v, int showDialog) {
     int result = RangeCheck(1, v, showDialog);
     if (!CheckErrors()) return 0;
     if (result < -1) return result;
-    const int kind = Int(v[0]);
-    const bool digits = Int(v[4]) >= 0 && Int(v[4]) <= 9 && Int(v[5]) >= 0 && Int(v[5]) <= 9 &&
-                        Int(v[6]) >= 0 && Int(v[6]) <= 9;
+    const int kind = FieldInt(v[0]);
+    const bool digits = FieldInt(v[4]) >= 0 && FieldInt(v[4]) <= 9 && FieldInt(v[5]) >= 0 &&
+                        FieldInt(v[5]) <= 9 && FieldInt(v[6]) >= 0 && FieldInt(v[6]) <= 9;
     if ((kind != 2 && kind != 4 && kind != 5) || !digits) {
         m_cmd.Message(3004, showDialog, kind, v[0], nullptr);
         return -2;
@@ -1685,9 +1682,9 @@ int CLoadCmd::Buckldes(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadAndCheck(kBuckldes, rest, v, 8, text, showDialog);
     if (check < -1) return check;
-    const int kind = Int(v[0]);
+    const int kind = FieldInt(v[0]);
     const int code = Digit(v[6]) * 100 + Digit(v[5]) * 10 + Digit(v[4]);
-    const int model = Int(v[7]);
+    const int model = FieldInt(v[7]);
     ForRange(&v[1], [&](int no, int) {
         if (kind == 2)
             if (CLoadcomb* c = S().GetLoadcombPtr(no)) {
@@ -1720,8 +1717,8 @@ int CLoadCmd::Buckldes(std::string& rest, int showDialog) {
 // presentation. The text is the extension of the file, which takes the document's name.
 int CLoadCmd::OutputDataCheck(double* v, int showDialog) {
     if (!CheckErrors()) return 0;
-    const int kind = Int(v[0]);
-    if (kind < 1 || kind > 3 || (Int(v[1]) != 0 && Int(v[1]) != 1)) {
+    const int kind = FieldInt(v[0]);
+    if (kind < 1 || kind > 3 || (FieldInt(v[1]) != 0 && FieldInt(v[1]) != 1)) {
         m_cmd.Message(3004, showDialog, kind, v[0], nullptr);
         return -2;
     }
@@ -1742,31 +1739,31 @@ int CLoadCmd::Output(std::string& rest, int showDialog) {
     const std::string path =
         S().HasDocument() ? StemOf(S().GetDocumentPath()) + "." + extension : std::string();
     CTextWriter file;
-    if (path.empty() || !file.Open(path, Int(v[1]) == 1)) {
+    if (path.empty() || !file.Open(path, FieldInt(v[1]) == 1)) {
         // The words of this message are those of the file message 2300.
         const std::string name = path.empty() ? "." + extension : path;
         m_cmd.Message(3700, showDialog, 0, 0.0, &name);
         return -2;
     }
-    const int kind = Int(v[0]);
+    const int kind = FieldInt(v[0]);
     std::string listing;
     if (kind == 1) {
         CListServer server(&S());
         server.SetType(1);
-        server.SetInterval(Int(v[3]), Int(v[4]), v[5] == kNotGiven ? 1 : Int(v[5]));
-        server.MakeListing(Int(v[2]), listing);
+        server.SetInterval(FieldInt(v[3]), FieldInt(v[4]), v[5] == kNotGiven ? 1 : FieldInt(v[5]));
+        server.MakeListing(FieldInt(v[2]), listing);
     } else if (kind == 2) {
         // Item, family, leading, sort and sort component, then the numbers of the items and of
         // the cases, each a first and a last; a first of 0 takes them all.
         CFrameResOrder order;
-        order.Item = Int(v[2]);
-        order.Load = Int(v[3]) < 0 ? 0 : Int(v[3]);
-        order.Leading = Int(v[4]);
-        order.Sort = v[5] == kNotGiven ? 0 : Int(v[5]);
-        order.SortComp = Int(v[6]);
-        order.AddItemInterval(Int(v[7]) == 0 ? -1 : Int(v[7]), Int(v[8]));
-        order.AddLoadInterval(Int(v[9]) == 0 ? -1 : Int(v[9]), Int(v[10]));
-        order.LocalElemAxis = Int(v[11]);
+        order.Item = FieldInt(v[2]);
+        order.Load = FieldInt(v[3]) < 0 ? 0 : FieldInt(v[3]);
+        order.Leading = FieldInt(v[4]);
+        order.Sort = v[5] == kNotGiven ? 0 : FieldInt(v[5]);
+        order.SortComp = FieldInt(v[6]);
+        order.AddItemInterval(FieldInt(v[7]) == 0 ? -1 : FieldInt(v[7]), FieldInt(v[8]));
+        order.AddLoadInterval(FieldInt(v[9]) == 0 ? -1 : FieldInt(v[9]), FieldInt(v[10]));
+        order.LocalElemAxis = FieldInt(v[11]);
         std::vector<std::string> pieces;
         if (order.MakeListingFromResOrder(&S(), pieces))
             for (const std::string& piece : pieces) listing += piece;

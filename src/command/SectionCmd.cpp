@@ -31,11 +31,6 @@ constexpr int kWrite = 5;
 // A field that the user left empty where the default depends on other fields.
 constexpr double kUnset = kValueByCode;
 
-int Int(double v) {
-    if (!(std::fabs(v) < 2e9)) return v > 0.0 ? 2000000000 : -2000000000;
-    return static_cast<int>(v);
-}
-
 std::string NameOf(const std::string& text) { return CutName(Trim(text), kNameLength); }
 
 // A station as the commands address sections: to three decimals.
@@ -107,8 +102,8 @@ bool CSectionCmd::CheckValue(bool ok, const double* values, int index, int showD
 }
 
 CKeySection* CSectionCmd::FindSection(const double* values, int showDialog) {
-    CKeySection* section = Structure().GetKeySectionPtr(Int(values[0]), values[1]);
-    if (!section) m_cmd.Message(3015, showDialog, Int(values[0]), values[1], nullptr);
+    CKeySection* section = Structure().GetKeySectionPtr(FieldInt(values[0]), values[1]);
+    if (!section) m_cmd.Message(3015, showDialog, FieldInt(values[0]), values[1], nullptr);
     return section;
 }
 
@@ -148,8 +143,8 @@ bool CSectionCmd::IsValidSectionType(int type) {
 
 int CSectionCmd::MconcrDataCheck(double* values, int showDialog) {
     if (m_cmd.GetCheckLevel() < 1) return 0;
-    if (Int(values[0]) < 1) {
-        m_cmd.Message(3130, showDialog, Int(values[0]), values[0], nullptr);
+    if (FieldInt(values[0]) < 1) {
+        m_cmd.Message(3130, showDialog, FieldInt(values[0]), values[0], nullptr);
         return -2;
     }
     bool ok = CheckValue(values[1] > 0.0, values, 1, showDialog) &&
@@ -173,7 +168,7 @@ int CSectionCmd::Mconcr(std::string& rest, int showDialog) {
     if (check < -1) return check;
     // The strength is the one the code names (cube strength under NS 3473, cylinder strength
     // under NS-EN 1992 and AASHTO); the code derives the rest, and what is typed overrides it.
-    auto mat = std::make_unique<CConcrMatPar>(Int(v[0]), NameOf(text), v[1], 0, v[2], code,
+    auto mat = std::make_unique<CConcrMatPar>(FieldInt(v[0]), NameOf(text), v[1], 0, v[2], code,
                                               &s.GetMessageSink());
     mat->SetStructure(&s);
     mat->SetRho(v[2]);
@@ -199,8 +194,8 @@ int CSectionCmd::Mconcr(std::string& rest, int showDialog) {
 
 int CSectionCmd::MsteelDataCheck(double* values, int showDialog) {
     if (m_cmd.GetCheckLevel() < 1) return 0;
-    if (Int(values[0]) < 1) {
-        m_cmd.Message(3130, showDialog, Int(values[0]), values[0], nullptr);
+    if (FieldInt(values[0]) < 1) {
+        m_cmd.Message(3130, showDialog, FieldInt(values[0]), values[0], nullptr);
         return -2;
     }
     const bool ok = CheckValue(values[1] > 0.0, values, 1, showDialog) &&
@@ -220,7 +215,7 @@ int CSectionCmd::Msteel(std::string& rest, int showDialog) {
     std::string text;
     const int check = ValuesAndCheck(kMsteel, rest, v, 10, text, showDialog);
     if (check < -1) return check;
-    auto mat = std::make_unique<CSteelMatPar>(Int(v[0]), NameOf(text), 0);
+    auto mat = std::make_unique<CSteelMatPar>(FieldInt(v[0]), NameOf(text), 0);
     mat->SetFy(v[1] * kMPa);
     mat->SetEs(v[2] * kMPa);
     mat->SetRho(v[3]);
@@ -240,11 +235,11 @@ int CSectionCmd::Msteel(std::string& rest, int showDialog) {
 
 int CSectionCmd::BarMatCheck(double* values, int showDialog) {
     if (m_cmd.GetCheckLevel() < 1) return 0;
-    if (Int(values[0]) < 1) {
-        m_cmd.Message(3130, showDialog, Int(values[0]), values[0], nullptr);
+    if (FieldInt(values[0]) < 1) {
+        m_cmd.Message(3130, showDialog, FieldInt(values[0]), values[0], nullptr);
         return -2;
     }
-    const int cls = Int(values[4]), curve = Int(values[5]);
+    const int cls = FieldInt(values[4]), curve = FieldInt(values[5]);
     const bool ok = CheckValue(values[1] > 0.0, values, 1, showDialog) &&
                     CheckValue(values[2] > 0.0, values, 2, showDialog) &&
                     CheckValue(values[3] > 0.0, values, 3, showDialog) &&
@@ -263,8 +258,8 @@ int CSectionCmd::Mreinf(std::string& rest, int showDialog) {
     std::string text;
     const int check = ValuesAndCheck(kMreinf, rest, v, 7, text, showDialog);
     if (check < -1) return check;
-    auto mat =
-        std::make_unique<CReinfMatPar>(Int(v[0]), NameOf(text), v[1], Int(v[4]), Int(v[5]), v[6]);
+    auto mat = std::make_unique<CReinfMatPar>(FieldInt(v[0]), NameOf(text), v[1], FieldInt(v[4]),
+                                              FieldInt(v[5]), v[6]);
     mat->SetEsk(v[2] * kMPa);
     mat->SetEpssu(v[3] * kPerMille);
     mat->SetStructure(&Structure());
@@ -283,8 +278,8 @@ int CSectionCmd::Mprest(std::string& rest, int showDialog) {
     std::string text;
     const int check = ValuesAndCheck(kMprest, rest, v, 7, text, showDialog);
     if (check < -1) return check;
-    auto mat =
-        std::make_unique<CPrestMatPar>(Int(v[0]), NameOf(text), v[1], Int(v[4]), Int(v[5]), v[6]);
+    auto mat = std::make_unique<CPrestMatPar>(FieldInt(v[0]), NameOf(text), v[1], FieldInt(v[4]),
+                                              FieldInt(v[5]), v[6]);
     mat->SetEsk(v[2] * kMPa);
     mat->SetEpssu(v[3] * kPerMille);
     mat->SetStructure(&Structure());
@@ -298,8 +293,8 @@ int CSectionCmd::Mprest(std::string& rest, int showDialog) {
 
 int CSectionCmd::DpconcrDataCheck(double* values, int showDialog) {
     if (m_cmd.GetCheckLevel() < 1) return 0;
-    if (Int(values[0]) < 1) {
-        m_cmd.Message(3131, showDialog, Int(values[0]), values[0], nullptr);
+    if (FieldInt(values[0]) < 1) {
+        m_cmd.Message(3131, showDialog, FieldInt(values[0]), values[0], nullptr);
         return -2;
     }
     bool ok = true;
@@ -312,7 +307,7 @@ int CSectionCmd::Dpconcr(std::string& rest, int showDialog) {
     std::string text;
     const int check = ValuesAndCheck(kDpconcr, rest, v, 7, text, showDialog);
     if (check < -1) return check;
-    auto des = std::make_unique<CConcrDesPar>(Int(v[0]), NameOf(text));
+    auto des = std::make_unique<CConcrDesPar>(FieldInt(v[0]), NameOf(text));
     for (int ls = 1; ls <= 3; ++ls) {
         des->SetParam(ls, v[ls]);
         des->SetEpslim(ls, v[3 + ls] * kPerMille);
@@ -325,8 +320,8 @@ int CSectionCmd::Dpconcr(std::string& rest, int showDialog) {
 
 int CSectionCmd::DpsteelDataCheck(double* values, int showDialog) {
     if (m_cmd.GetCheckLevel() < 1) return 0;
-    if (Int(values[0]) < 1) {
-        m_cmd.Message(3131, showDialog, Int(values[0]), values[0], nullptr);
+    if (FieldInt(values[0]) < 1) {
+        m_cmd.Message(3131, showDialog, FieldInt(values[0]), values[0], nullptr);
         return -2;
     }
     bool ok = true;
@@ -339,7 +334,7 @@ int CSectionCmd::Dpsteel(std::string& rest, int showDialog) {
     std::string text;
     const int check = ValuesAndCheck(kDpsteel, rest, v, 5, text, showDialog);
     if (check < -1) return check;
-    auto des = std::make_unique<CSteelDesPar>(Int(v[0]), NameOf(text));
+    auto des = std::make_unique<CSteelDesPar>(FieldInt(v[0]), NameOf(text));
     // Index 1 the ultimate factor, 2 to 4 the others; the strain limits of the same states.
     des->SetGamma(1, v[1]);
     for (int i = 2; i <= 4; ++i) des->SetGamma(i, v[2]);
@@ -368,7 +363,7 @@ void FillBarDes(double* v, int concrCode, double (*byCode)(int, int)) {
 }
 
 template <class Set> std::unique_ptr<Set> MakeBarDes(const double* v, const std::string& name) {
-    auto des = std::make_unique<Set>(Int(v[0]), name);
+    auto des = std::make_unique<Set>(FieldInt(v[0]), name);
     for (int field = 1; field <= 10; ++field) des->SetParam(field, v[field]);
     for (int ls = 1; ls <= 3; ++ls) des->SetEpslim(ls, v[11]);
     return des;
@@ -378,14 +373,16 @@ template <class Set> std::unique_ptr<Set> MakeBarDes(const double* v, const std:
 
 int CSectionCmd::BarDesCheck(double* values, int showDialog) {
     if (m_cmd.GetCheckLevel() < 1) return 0;
-    if (Int(values[0]) < 1) {
-        m_cmd.Message(3131, showDialog, Int(values[0]), values[0], nullptr);
+    if (FieldInt(values[0]) < 1) {
+        m_cmd.Message(3131, showDialog, FieldInt(values[0]), values[0], nullptr);
         return -2;
     }
     bool ok = true;
     for (int i = 1; ok && i <= 3; ++i) ok = CheckValue(values[i] > 0.0, values, i, showDialog);
     for (int i = 4; ok && i <= 9; ++i) ok = CheckValue(values[i] >= 0.0, values, i, showDialog);
-    ok = ok && CheckValue(Int(values[10]) == 0 || Int(values[10]) == 1, values, 10, showDialog) &&
+    ok = ok &&
+         CheckValue(FieldInt(values[10]) == 0 || FieldInt(values[10]) == 1, values, 10,
+                    showDialog) &&
          CheckValue(values[11] > 0.0, values, 11, showDialog);
     return ok ? 0 : -2;
 }
@@ -430,13 +427,13 @@ int CSectionCmd::Dpprest(std::string& rest, int showDialog) {
 
 int CSectionCmd::DpsectDataCheck(double* values, int showDialog) {
     if (m_cmd.GetCheckLevel() < 1) return 0;
-    if (Int(values[0]) < 1) {
-        m_cmd.Message(3131, showDialog, Int(values[0]), values[0], nullptr);
+    if (FieldInt(values[0]) < 1) {
+        m_cmd.Message(3131, showDialog, FieldInt(values[0]), values[0], nullptr);
         return -2;
     }
     // values[k] is field k of the set: 1 the material, 2 to 5 the buckling lengths, 12 and 13
     // the slenderness limits, 15 the creep factor, 19 the safety class.
-    const int material = Int(values[1]), safety = Int(values[19]);
+    const int material = FieldInt(values[1]), safety = FieldInt(values[19]);
     bool ok = CheckValue(material == 1 || material == 2, values, 1, showDialog);
     for (int i = 2; ok && i <= 5; ++i) ok = CheckValue(values[i] >= 0.0, values, i, showDialog);
     ok = ok && CheckValue(values[13] >= values[12], values, 13, showDialog) &&
@@ -456,7 +453,7 @@ int CSectionCmd::Dpsect(std::string& rest, int showDialog) {
         if (IsValueByCode(v[field])) v[field] = DefaultSectDesValue(code, field);
     const int check = m_cmd.DataCheck(kDpsect, v, showDialog);
     if (check < -1) return -2;
-    auto des = std::make_unique<CSectDesPar>(Int(v[0]), NameOf(text));
+    auto des = std::make_unique<CSectDesPar>(FieldInt(v[0]), NameOf(text));
     for (int field = 1; field <= kFields; ++field) des->SetParam(field, v[field]);
     Structure().AddSectDesPar(std::move(des));
     const double numbers[5] = {v[0], 0.0, 0.0, 0.0, 0.0};
@@ -468,7 +465,7 @@ int CSectionCmd::Dpsect(std::string& rest, int showDialog) {
 
 int CSectionCmd::SectionHeadCheck(const double* values, int kindMessage, int showDialog) {
     CStructure& s = Structure();
-    const int lineNo = Int(values[0]), type = Int(values[2]);
+    const int lineNo = FieldInt(values[0]), type = FieldInt(values[2]);
     CRefLine* line = s.GetRefLinePtr(lineNo);
     if (!line) {
         m_cmd.Message(3010, showDialog, lineNo, values[0], nullptr);
@@ -478,12 +475,12 @@ int CSectionCmd::SectionHeadCheck(const double* values, int kindMessage, int sho
         m_cmd.Message(3356, showDialog, type, values[2], nullptr);
         return -2;
     }
-    const int kind = Int(values[3]);
+    const int kind = FieldInt(values[3]);
     if (kind < 0 || kind > 2) {
         m_cmd.Message(kindMessage, showDialog, kind, values[3], nullptr);
         return -2;
     }
-    const int mat = Int(values[4]), des = Int(values[5]), sectDes = Int(values[6]);
+    const int mat = FieldInt(values[4]), des = FieldInt(values[5]), sectDes = FieldInt(values[6]);
     if (kind == 1 && !s.GetConcrMatParPtr(mat)) {
         m_cmd.Message(3045, showDialog, mat, values[4], nullptr);
         return -2;
@@ -519,7 +516,7 @@ int CSectionCmd::SectionHeadCheck(const double* values, int kindMessage, int sho
 CKeySection* CSectionCmd::SectionFor(const double* values, const std::string& name,
                                      int showDialog) {
     CStructure& s = Structure();
-    const int lineNo = Int(values[0]);
+    const int lineNo = FieldInt(values[0]);
     CRefLine* line = s.GetRefLinePtr(lineNo);
     if (!line) {
         m_cmd.Message(3010, showDialog, lineNo, values[0], nullptr);
@@ -529,20 +526,20 @@ CKeySection* CSectionCmd::SectionFor(const double* values, const std::string& na
     CKeySection* section = line->GetKeySectionPtr(station);
     if (!section) {
         // Sections on line 0 are numbered by their station, as the frame sections are.
-        const int no = lineNo == 0 ? Int(station) : 0;
+        const int no = lineNo == 0 ? FieldInt(station) : 0;
         section = line->AddKeySection(std::make_unique<CKeySection>(no, name, station));
     } else if (!name.empty()) {
         section->SetName(name);
     }
     section->SetRefLineNo(lineNo);
-    section->SetType(Int(values[2]));
-    section->SetOriginalType(Int(values[2]));
+    section->SetType(FieldInt(values[2]));
+    section->SetOriginalType(FieldInt(values[2]));
     return section;
 }
 
 int CSectionCmd::XsectDataCheck(double* values, int showDialog) {
     if (m_cmd.GetCheckLevel() < 1) return 0;
-    if (IsFrameMember(Int(values[2]))) {
+    if (IsFrameMember(FieldInt(values[2]))) {
         // A frame member carries its own stiffness in place of a material: E in the material's
         // place and Poisson's ratio in the set's.
         double head[7] = {values[0], values[1], values[2], 0.0, 0.0, 0.0, 0.0};
@@ -565,7 +562,7 @@ int CSectionCmd::Xsect(std::string& rest, int showDialog) {
     double v[8] = {0.0, 0.0, 13.0, kUnset, kUnset, kUnset, kUnset};
     std::string text;
     if (m_cmd.CommandValues(rest, v, 7, text, showDialog) < 0) return -2;
-    const bool member = IsFrameMember(Int(v[2]));
+    const bool member = IsFrameMember(FieldInt(v[2]));
     if (member) {
         if (IsValueByCode(v[3])) v[3] = s.GetFrameYModulus();
         if (IsValueByCode(v[4])) v[4] = s.GetFramePoisson();
@@ -586,10 +583,10 @@ int CSectionCmd::Xsect(std::string& rest, int showDialog) {
         section->SetYoungsModulus(v[3]);
         section->SetPoisson(v[4]);
     } else {
-        section->SetMatType(Int(v[3]));
-        section->SetMatParNo(Int(v[4]));
-        section->SetDesParNo(Int(v[5]));
-        section->SetSectDesParNo(Int(v[6]));
+        section->SetMatType(FieldInt(v[3]));
+        section->SetMatParNo(FieldInt(v[4]));
+        section->SetDesParNo(FieldInt(v[5]));
+        section->SetSectDesParNo(FieldInt(v[6]));
         section->SetYoungsModulus(0.0);
         section->SetPoisson(0.0);
     }
@@ -601,7 +598,7 @@ int CSectionCmd::Sect_DataCheck(double* values, int showDialog) {
     if (m_cmd.GetCheckLevel() < 1) return 0;
     const int result = SectionHeadCheck(values, 3344, showDialog);
     if (result < -1) return result;
-    const int connect = Int(values[7]);
+    const int connect = FieldInt(values[7]);
     if (connect < 0 || connect > 4) {
         m_cmd.Message(3345, showDialog, connect, values[7], nullptr);
         return -2;
@@ -617,16 +614,16 @@ int CSectionCmd::Sect_(std::string& rest, int showDialog) {
     if (check < -1) return check;
     CKeySection* section = SectionFor(v, NameOf(text), showDialog);
     if (!section) return -2;
-    section->SetMatType(Int(v[3]));
-    section->SetMatParNo(Int(v[4]));
-    section->SetDesParNo(Int(v[5]));
-    section->SetSectDesParNo(Int(v[6]));
+    section->SetMatType(FieldInt(v[3]));
+    section->SetMatParNo(FieldInt(v[4]));
+    section->SetDesParNo(FieldInt(v[5]));
+    section->SetSectDesParNo(FieldInt(v[6]));
     // A frame member typed this way takes the frame's stiffness.
-    const bool member = IsFrameMember(Int(v[2]));
+    const bool member = IsFrameMember(FieldInt(v[2]));
     section->SetYoungsModulus(member ? s.GetFrameYModulus() : 0.0);
     section->SetPoisson(member ? s.GetFramePoisson() : 0.0);
-    section->SetConnectType(Int(v[7]));
-    section->SetConnectSectPointNo(Int(v[8]));
+    section->SetConnectType(FieldInt(v[7]));
+    section->SetConnectSectPointNo(FieldInt(v[8]));
     section->SetDeltaX(v[9]);
     section->SetDeltaY(v[10]);
     NoteSectionChange(v, kCidKeySection);
@@ -679,16 +676,16 @@ int CSectionCmd::Pt_DataCheck(double* values, int showDialog) {
     const CKeySection* section = FindSection(values, showDialog);
     if (!section) return -2;
     if (!(values[2] > 0.0)) {
-        m_cmd.Message(3128, showDialog, Int(values[2]), values[2], nullptr);
+        m_cmd.Message(3128, showDialog, FieldInt(values[2]), values[2], nullptr);
         return -2;
     }
-    const int kind = Int(values[3]);
+    const int kind = FieldInt(values[3]);
     if (kind != 0 && kind != 1 && kind != -1) {
         m_cmd.Message(3332, showDialog, kind, values[3], nullptr);
         return -2;
     }
     if (m_cmd.GetCheckLevel() >= 2 && section->GetSectPointPtr(values[2])) {
-        m_cmd.Message(2023, showDialog, Int(values[2]), values[2], nullptr);
+        m_cmd.Message(2023, showDialog, FieldInt(values[2]), values[2], nullptr);
         return -1;
     }
     return 0;
@@ -702,8 +699,8 @@ int CSectionCmd::Pt_(std::string& rest, int showDialog) {
     CKeySection* section = FindSection(v, showDialog);
     if (!section) return -2;
     const double scale = PointScale(*section);
-    const CSectPoint point = Int(v[3]) == -1 ? CSectPoint(v[2], -1, v[4] * scale, 0.0)
-                                             : CSectPoint(v[2], 0, v[4] * scale, v[5] * scale);
+    const CSectPoint point = FieldInt(v[3]) == -1 ? CSectPoint(v[2], -1, v[4] * scale, 0.0)
+                                                  : CSectPoint(v[2], 0, v[4] * scale, v[5] * scale);
     // A number that is there already is given anew in its place in the outline.
     if (CSectPoint* held = section->GetSectPointPtr(v[2]))
         *held = point;
@@ -717,22 +714,22 @@ int CSectionCmd::SectptDataCheck(double* values, int showDialog) {
     if (m_cmd.GetCheckLevel() < 1) return 0;
     const CKeySection* section = FindSection(values, showDialog);
     if (!section) return -2;
-    const int polyLine = Int(values[2]);
+    const int polyLine = FieldInt(values[2]);
     if (!(values[3] > 0.0)) {
-        m_cmd.Message(3128, showDialog, Int(values[3]), values[3], nullptr);
+        m_cmd.Message(3128, showDialog, FieldInt(values[3]), values[3], nullptr);
         return -2;
     }
-    const int type = Int(values[4]);
+    const int type = FieldInt(values[4]);
     if (type < -1 || type > 8) {
         m_cmd.Message(3332, showDialog, type, values[4], nullptr);
         return -2;
     }
     if (polyLine < 0 || (polyLine > 0 && !section->GetPolyLinePtr(polyLine))) {
-        m_cmd.Message(3333, showDialog, Int(values[3]), values[3], nullptr);
+        m_cmd.Message(3333, showDialog, FieldInt(values[3]), values[3], nullptr);
         return -2;
     }
     if (m_cmd.GetCheckLevel() >= 2 && PointOf(*section, polyLine, values[3])) {
-        m_cmd.Message(2023, showDialog, Int(values[3]), values[3], nullptr);
+        m_cmd.Message(2023, showDialog, FieldInt(values[3]), values[3], nullptr);
         return -1;
     }
     return 0;
@@ -745,14 +742,14 @@ int CSectionCmd::Sectpt(std::string& rest, int showDialog) {
     if (check < -1) return check;
     CKeySection* section = FindSection(v, showDialog);
     if (!section) return -2;
-    const int polyLine = Int(v[2]);
+    const int polyLine = FieldInt(v[2]);
     CPolyLine* line = polyLine > 0 ? section->GetPolyLinePtr(polyLine) : nullptr;
     if (polyLine != 0 && !line) {
-        m_cmd.Message(3333, showDialog, Int(v[3]), v[3], nullptr);
+        m_cmd.Message(3333, showDialog, FieldInt(v[3]), v[3], nullptr);
         return -2;
     }
     const double scale = PointScale(*section);
-    auto point = std::make_unique<CSectPoint>(v[3], Int(v[4]), v[5] * scale, v[6] * scale);
+    auto point = std::make_unique<CSectPoint>(v[3], FieldInt(v[4]), v[5] * scale, v[6] * scale);
     point->SetGeomData(v + 7);
     point->SetPLine(polyLine);
     if (CSectPoint* held = PointOf(*section, polyLine, v[3]))
@@ -770,7 +767,7 @@ int CSectionCmd::Sectpt(std::string& rest, int showDialog) {
 int CSectionCmd::PolyDataCheck(double* values, int showDialog) {
     if (m_cmd.GetCheckLevel() < 1) return 0;
     if (!FindSection(values, showDialog)) return -2;
-    const int no = Int(values[2]), closed = Int(values[3]), type = Int(values[4]);
+    const int no = FieldInt(values[2]), closed = FieldInt(values[3]), type = FieldInt(values[4]);
     // Polyline 0 is the outline itself.
     if (no < 1 || (closed != 0 && closed != 1)) {
         m_cmd.Message(3004, showDialog, no, values[2], nullptr);
@@ -790,7 +787,7 @@ int CSectionCmd::Poly(std::string& rest, int showDialog) {
     if (check < -1) return check;
     CKeySection* section = FindSection(v, showDialog);
     if (!section) return -2;
-    const int no = Int(v[2]), closed = Int(v[3]), type = Int(v[4]);
+    const int no = FieldInt(v[2]), closed = FieldInt(v[3]), type = FieldInt(v[4]);
     // A polyline given again keeps its points.
     if (CPolyLine* line = section->GetPolyLinePtr(no)) {
         line->SetClosed(closed);
@@ -808,11 +805,11 @@ int CSectionCmd::PtfuncDataCheck(double* values, int showDialog) {
     if (m_cmd.GetCheckLevel() < 1) return 0;
     const CKeySection* section = FindSection(values, showDialog);
     if (!section) return -2;
-    if (!PointOf(*section, Int(values[2]), values[3])) {
-        m_cmd.Message(3333, showDialog, Int(values[3]), values[3], nullptr);
+    if (!PointOf(*section, FieldInt(values[2]), values[3])) {
+        m_cmd.Message(3333, showDialog, FieldInt(values[3]), values[3], nullptr);
         return -2;
     }
-    const int axis = Int(values[4]), law = Int(values[5]);
+    const int axis = FieldInt(values[4]), law = FieldInt(values[5]);
     // The power law divides the distance by b.
     const bool ok = CheckValue(axis == 1 || axis == 2, values, 4, showDialog) &&
                     CheckValue(law >= 0 && law <= 3, values, 5, showDialog) &&
@@ -827,12 +824,12 @@ int CSectionCmd::Ptfunc(std::string& rest, int showDialog) {
     if (check < -1) return check;
     CKeySection* section = FindSection(v, showDialog);
     if (!section) return -2;
-    CSectPoint* point = PointOf(*section, Int(v[2]), v[3]);
+    CSectPoint* point = PointOf(*section, FieldInt(v[2]), v[3]);
     if (!point) {
-        m_cmd.Message(3333, showDialog, Int(v[3]), v[3], nullptr);
+        m_cmd.Message(3333, showDialog, FieldInt(v[3]), v[3], nullptr);
         return -2;
     }
-    const int axis = Int(v[4]), law = Int(v[5]);
+    const int axis = FieldInt(v[4]), law = FieldInt(v[5]);
     // The factors are in mm of offset, as the offsets are typed: a, b, c of the cubic law (per
     // m³, m², m of station), c of the linear law, and the amplitude a of the power law, whose b
     // is a station distance (m) and c an exponent.
@@ -854,11 +851,11 @@ int CSectionCmd::SectfaceDataCheck(double* values, int showDialog) {
     const CKeySection* section = FindSection(values, showDialog);
     if (!section) return -2;
     if (!section->GetSectPointPtr(values[2])) {
-        m_cmd.Message(3052, showDialog, Int(values[2]), values[2], nullptr);
+        m_cmd.Message(3052, showDialog, FieldInt(values[2]), values[2], nullptr);
         return -2;
     }
-    if (Int(values[3]) < 0) {
-        m_cmd.Message(3331, showDialog, Int(values[3]), values[3], nullptr);
+    if (FieldInt(values[3]) < 0) {
+        m_cmd.Message(3331, showDialog, FieldInt(values[3]), values[3], nullptr);
         return -2;
     }
     return 0;
@@ -873,10 +870,10 @@ int CSectionCmd::Sectface(std::string& rest, int showDialog) {
     if (!section) return -2;
     CSectPoint* point = section->GetSectPointPtr(v[2]);
     if (!point) {
-        m_cmd.Message(3052, showDialog, Int(v[2]), v[2], nullptr);
+        m_cmd.Message(3052, showDialog, FieldInt(v[2]), v[2], nullptr);
         return -2;
     }
-    point->SetFaceConnection(Int(v[3]));
+    point->SetFaceConnection(FieldInt(v[3]));
     NoteSectionChange(v, kCidSectPoint);
     return check;
 }
@@ -885,7 +882,7 @@ int CSectionCmd::Sectface(std::string& rest, int showDialog) {
 
 int CSectionCmd::ConnDataCheck(double* values, int showDialog) {
     if (m_cmd.GetCheckLevel() < 1) return 0;
-    const int kind = Int(values[2]);
+    const int kind = FieldInt(values[2]);
     if (kind != 1 && kind != 2) {
         m_cmd.Message(3353, showDialog, kind, values[2], nullptr);
         return -2;
@@ -894,11 +891,11 @@ int CSectionCmd::ConnDataCheck(double* values, int showDialog) {
     if (!section) return -2;
     if (kind == 2) {
         if (values[3] < 0.0) {
-            m_cmd.Message(3352, showDialog, Int(values[3]), values[3], nullptr);
+            m_cmd.Message(3352, showDialog, FieldInt(values[3]), values[3], nullptr);
             return -2;
         }
-        if (!section->GetSectPointPtr(Int(values[3]))) {
-            m_cmd.Message(3052, showDialog, Int(values[3]), values[3], nullptr);
+        if (!section->GetSectPointPtr(FieldInt(values[3]))) {
+            m_cmd.Message(3052, showDialog, FieldInt(values[3]), values[3], nullptr);
             return -2;
         }
     }
@@ -913,9 +910,9 @@ int CSectionCmd::Conn(std::string& rest, int showDialog) {
     CKeySection* section = FindSection(v, showDialog);
     if (!section) return -2;
     // Kind 1 puts the section's origin, kind 2 its point, at (dx, dy) from the line.
-    if (Int(v[2]) == 2) {
+    if (FieldInt(v[2]) == 2) {
         section->SetConnectType(4);
-        section->SetConnectSectPointNo(Int(v[3]));
+        section->SetConnectSectPointNo(FieldInt(v[3]));
     } else {
         section->SetConnectType(0);
         section->SetConnectSectPointNo(-1);
@@ -932,14 +929,14 @@ int CSectionCmd::PanelDataCheck(double* values, int showDialog) {
     if (m_cmd.GetCheckLevel() < 1) return 0;
     const CKeySection* section = FindSection(values, showDialog);
     if (!section) return -2;
-    const int closed = Int(values[7]);
-    if (Int(values[2]) < 1 || !(values[6] > 0.0) || (closed != 0 && closed != 1)) {
-        m_cmd.Message(3602, showDialog, Int(values[2]), values[2], nullptr);
+    const int closed = FieldInt(values[7]);
+    if (FieldInt(values[2]) < 1 || !(values[6] > 0.0) || (closed != 0 && closed != 1)) {
+        m_cmd.Message(3602, showDialog, FieldInt(values[2]), values[2], nullptr);
         return -2;
     }
     for (int i = 4; i <= 5; ++i) {
-        if (!PointOf(*section, Int(values[3]), values[i])) {
-            m_cmd.Message(3052, showDialog, Int(values[i]), values[i], nullptr);
+        if (!PointOf(*section, FieldInt(values[3]), values[i])) {
+            m_cmd.Message(3052, showDialog, FieldInt(values[i]), values[i], nullptr);
             return -2;
         }
     }
@@ -953,8 +950,8 @@ int CSectionCmd::Panel(std::string& rest, int showDialog) {
     if (check < -1) return check;
     CKeySection* section = FindSection(v, showDialog);
     if (!section) return -2;
-    auto panel = std::make_unique<CLineElem>(Int(v[2]), Int(v[3]), v[4], v[5],
-                                             v[6] * PointScale(*section), Int(v[7]));
+    auto panel = std::make_unique<CLineElem>(FieldInt(v[2]), FieldInt(v[3]), v[4], v[5],
+                                             v[6] * PointScale(*section), FieldInt(v[7]));
     panel->SetMatParNo(section->GetMatParNo());
     panel->SetDesParNo(section->GetDesParNo());
     section->AddLineElem(std::move(panel));

@@ -11,9 +11,17 @@
 #include "model/Structure.h"
 #include "platform/Text.h"
 
+#include <climits>
 #include <cmath>
 
 namespace kelo {
+
+int FieldInt(double v) {
+    if (std::isnan(v)) return 0;
+    if (v >= static_cast<double>(INT_MAX)) return INT_MAX;
+    if (v <= -static_cast<double>(INT_MAX)) return -INT_MAX;
+    return static_cast<int>(v);
+}
 
 namespace {
 
@@ -456,7 +464,9 @@ int CStructureCmd::CommandValues(const std::string& line, double* values, int ma
 
     auto storeToken = [&]() -> int {
         double v = 0.0;
-        if (!GetNumber(token, v)) {
+        // A field whose value is no finite number (sqrt of a negative, a division by zero) is
+        // as invalid as one that can't be read: nothing downstream can work with it.
+        if (!GetNumber(token, v) || !std::isfinite(v)) {
             Message(3006, showDialog, 0, 0.0, &token);
             return -2;
         }
@@ -727,11 +737,11 @@ int CStructureCmd::Input(std::string& rest, int showDialog) {
         Message(3354, showDialog, 0, 0.0, &path);
         return 0;
     }
-    if (static_cast<int>(values[0]) == 1) {
+    if (FieldInt(values[0]) == 1) {
         std::string all = "ALL\r\n";
         Clear(all, showDialog);
     }
-    m_noRecord = static_cast<int>(values[1]);
+    m_noRecord = FieldInt(values[1]);
     m_fileStack.push_back(path);
     std::string line;
     int result = 0;
@@ -748,7 +758,7 @@ int CStructureCmd::Input(std::string& rest, int showDialog) {
 
 int CStructureCmd::ClearDataCheck(double* values, int showDialog) {
     if (m_checkLevel < 1) return 0;
-    const int what = static_cast<int>(values[0]);
+    const int what = FieldInt(values[0]);
     if (what != -1 && what != 1) {
         Message(2102, showDialog, what, values[0], nullptr);
         return -2;
@@ -761,7 +771,7 @@ int CStructureCmd::Clear(std::string& rest, int showDialog) {
     std::string text;
     if (CommandValues(rest, values, 1, text, showDialog) < 0) return -2;
     if (DataCheck(100, values, showDialog) < -1) return -2;
-    if (static_cast<int>(values[0]) == -1) {
+    if (FieldInt(values[0]) == -1) {
         m_structure->DeleteAllObjects(1);
         m_structure->DeleteAllResults(1);
         m_structure->EmptyASCIICommandList();
@@ -779,7 +789,7 @@ int CStructureCmd::If(std::string& rest, int showDialog) {
     if (CommandValues(rest, v, 3, text, showDialog) < 0) return -2;
     if (m_ifLevel >= 49) return -2;
     ++m_ifLevel;
-    const int op = static_cast<int>(v[1]);
+    const int op = FieldInt(v[1]);
     const double a = v[0], b = v[2];
     bool holds = false;
     switch (op) {
@@ -821,7 +831,7 @@ int CStructureCmd::Elseif(std::string& rest, int showDialog) {
     if (CommandValues(rest, v, 3, text, showDialog) < 0) return -2;
     const double a = v[0], b = v[2];
     // The order operators read the other way round here than in IF; files depend on it.
-    switch (static_cast<int>(v[1])) {
+    switch (FieldInt(v[1])) {
     case 1:
         state = a == b ? 1 : state;
         break;

@@ -19,6 +19,11 @@ class CAlignmentCmd;
 class CSectionCmd;
 class CTendonCmd;
 
+// A command value as an integer, truncated toward zero as a number field is. A value beyond the
+// range of an int is held at ±INT_MAX, so that no number can overflow when it is negated or
+// stepped, and one that is no number at all is 0.
+int FieldInt(double v);
+
 // The interpreter of command files. A text is fed to it a line at a time; each line is joined
 // with its continuations, stripped of comments, dispatched by its keyword to a handler, and
 // recorded in the project's command store under the order number of its kind.

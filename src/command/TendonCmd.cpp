@@ -26,13 +26,6 @@ constexpr int kWrite = 5;
 // An end to ranges of elements such as 1 1E9 that would only spend time on warnings.
 constexpr double kMaxRangeCount = 1000000.0;
 
-int ToInt(double v) {
-    if (std::isnan(v)) return 0;
-    if (v >= static_cast<double>(INT_MAX)) return INT_MAX;
-    if (v <= static_cast<double>(INT_MIN)) return INT_MIN;
-    return static_cast<int>(v);
-}
-
 std::string NameOf(const std::string& text) { return CutName(Trim(text), kNameLength); }
 
 } // namespace
@@ -70,8 +63,8 @@ bool CTendonCmd::ErrorsChecked() const { return m_cmd.GetCheckLevel() >= 1; }
 bool CTendonCmd::WarningsChecked() const { return m_cmd.GetCheckLevel() >= 2; }
 
 CTendon* CTendonCmd::FindTendon(const double* values, int showDialog) {
-    CTendon* tendon = Structure().GetTendonPtr(ToInt(values[0]));
-    if (!tendon) m_cmd.Message(3048, showDialog, ToInt(values[0]), values[0], nullptr);
+    CTendon* tendon = Structure().GetTendonPtr(FieldInt(values[0]));
+    if (!tendon) m_cmd.Message(3048, showDialog, FieldInt(values[0]), values[0], nullptr);
     return tendon;
 }
 
@@ -90,23 +83,23 @@ void CTendonCmd::NoteChange(CTendon& tendon) {
 
 int CTendonCmd::TendonDataCheck(double* values, int showDialog) {
     if (!ErrorsChecked()) return 0;
-    const int no = ToInt(values[0]);
+    const int no = FieldInt(values[0]);
     if (no < 1) {
         m_cmd.Message(3134, showDialog, no, values[0], nullptr);
         return -2;
     }
-    const int type = ToInt(values[1]);
+    const int type = FieldInt(values[1]);
     if (type != 0 && type != 1) {
         m_cmd.Message(3349, showDialog, type, values[1], nullptr);
         return -2;
     }
     CStructure& s = Structure();
-    if (!s.GetPrestMatParPtr(ToInt(values[2]))) {
-        m_cmd.Message(3042, showDialog, ToInt(values[2]), values[2], nullptr);
+    if (!s.GetPrestMatParPtr(FieldInt(values[2]))) {
+        m_cmd.Message(3042, showDialog, FieldInt(values[2]), values[2], nullptr);
         return -2;
     }
-    if (!s.GetPrestDesParPtr(ToInt(values[3]))) {
-        m_cmd.Message(3043, showDialog, ToInt(values[3]), values[3], nullptr);
+    if (!s.GetPrestDesParPtr(FieldInt(values[3]))) {
+        m_cmd.Message(3043, showDialog, FieldInt(values[3]), values[3], nullptr);
         return -2;
     }
     for (int i = 4; i <= 6; ++i)
@@ -123,14 +116,14 @@ int CTendonCmd::Tendon(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadValues(kTendon, rest, v, 8, text, showDialog);
     if (check < -1) return check;
-    auto tendon = std::make_unique<CTendon>(ToInt(v[0]), NameOf(text));
-    tendon->SetType(ToInt(v[1]));
-    tendon->SetMatParNo(ToInt(v[2]));
-    tendon->SetDesParNo(ToInt(v[3]));
+    auto tendon = std::make_unique<CTendon>(FieldInt(v[0]), NameOf(text));
+    tendon->SetType(FieldInt(v[1]));
+    tendon->SetMatParNo(FieldInt(v[2]));
+    tendon->SetDesParNo(FieldInt(v[3]));
     tendon->SetArea(v[4]);
     tendon->SetDuctDiameter(v[5]);
     tendon->SetGroutStrength(v[6]);
-    tendon->SetExternal(ToInt(v[7]) != 0 ? 1 : 0);
+    tendon->SetExternal(FieldInt(v[7]) != 0 ? 1 : 0);
     CTendon* added = Structure().AddTendon(std::move(tendon));
     NoteChange(*added);
     return check;
@@ -142,11 +135,11 @@ int CTendonCmd::TengroupDataCheck(double* values, int showDialog) {
     if (!ErrorsChecked()) return 0;
     CTendon* tendon = FindTendon(values, showDialog);
     if (!tendon) return -2;
-    if (!CheckValue(ToInt(values[1]) >= 1, values, 1, showDialog) ||
+    if (!CheckValue(FieldInt(values[1]) >= 1, values, 1, showDialog) ||
         !CheckValue(values[2] >= 0.0, values, 2, showDialog) ||
         !CheckValue(values[3] >= 0.0, values, 3, showDialog))
         return -2;
-    const int connect = ToInt(values[4]);
+    const int connect = FieldInt(values[4]);
     if (connect == 0) return 0;
     CStructure& s = Structure();
     if (connect < 0 || !s.GetTendonPtr(connect)) {
@@ -171,12 +164,12 @@ int CTendonCmd::Tengroup(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadValues(kTengroup, rest, v, 7, text, showDialog);
     if (check < -1) return check;
-    CTendon* tendon = Structure().GetTendonPtr(ToInt(v[0]));
+    CTendon* tendon = Structure().GetTendonPtr(FieldInt(v[0]));
     if (!tendon) return -2;
-    tendon->SetNoOfTendons(std::max(1, ToInt(v[1])));
+    tendon->SetNoOfTendons(std::max(1, FieldInt(v[1])));
     tendon->SetSpaceLDir(v[2]);
     tendon->SetSpaceNDir(v[3]);
-    tendon->SetConnectTendon(ToInt(v[4]));
+    tendon->SetConnectTendon(FieldInt(v[4]));
     tendon->SetLOffset(v[5]);
     tendon->SetNOffset(v[6]);
     NoteChange(*tendon);
@@ -188,17 +181,17 @@ int CTendonCmd::Tengroup(std::string& rest, int showDialog) {
 int CTendonCmd::TengeoDataCheck(double* values, int showDialog) {
     if (!ErrorsChecked()) return 0;
     if (!FindTendon(values, showDialog)) return -2;
-    const int geomType = ToInt(values[1]);
+    const int geomType = FieldInt(values[1]);
     if (geomType < 0 || geomType > 2) {
         m_cmd.Message(3346, showDialog, geomType, values[1], nullptr);
         return -2;
     }
-    const int line = ToInt(values[2]);
+    const int line = FieldInt(values[2]);
     if (geomType != 0 && !Structure().GetRefLinePtr(line)) {
         m_cmd.Message(3010, showDialog, line, values[2], nullptr);
         return -2;
     }
-    const int relative = ToInt(values[3]);
+    const int relative = FieldInt(values[3]);
     if (!CheckValue(relative >= 1 && relative <= 5, values, 3, showDialog)) return -2;
     return 0;
 }
@@ -208,12 +201,12 @@ int CTendonCmd::Tengeo(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadValues(kTengeo, rest, v, 5, text, showDialog);
     if (check < -1) return check;
-    CTendon* tendon = Structure().GetTendonPtr(ToInt(v[0]));
+    CTendon* tendon = Structure().GetTendonPtr(FieldInt(v[0]));
     if (!tendon) return -2;
-    tendon->SetGeomType(ToInt(v[1]));
-    tendon->SetRefLineNo(ToInt(v[2]));
-    tendon->SetRelativeType(ToInt(v[3]));
-    tendon->SetRelPointNo(ToInt(v[4]));
+    tendon->SetGeomType(FieldInt(v[1]));
+    tendon->SetRefLineNo(FieldInt(v[2]));
+    tendon->SetRelativeType(FieldInt(v[3]));
+    tendon->SetRelPointNo(FieldInt(v[4]));
     NoteChange(*tendon);
     return check;
 }
@@ -224,11 +217,11 @@ int CTendonCmd::PieceCheck(double* values, int showDialog) {
     // The range of elements is completed as every range is, before the level is looked at; for
     // stations and axes the first and last stand as they are.
     CStructure& s = Structure();
-    const CTendon* tendon = s.GetTendonPtr(ToInt(values[0]));
+    const CTendon* tendon = s.GetTendonPtr(FieldInt(values[0]));
     const int geomType = tendon ? tendon->GetGeomType() : 0;
     int result = 0;
     if (geomType == 0) {
-        for (int i = 2; i <= 4; ++i) values[i] = ToInt(values[i]);
+        for (int i = 2; i <= 4; ++i) values[i] = FieldInt(values[i]);
         result = m_cmd.StepCheck(2, values, showDialog);
         if (result < -1) return result;
         if ((values[3] - values[2]) / values[4] + 1.0 > kMaxRangeCount) {
@@ -238,10 +231,10 @@ int CTendonCmd::PieceCheck(double* values, int showDialog) {
     }
     if (!ErrorsChecked()) return 0;
     if (!tendon) {
-        m_cmd.Message(3048, showDialog, ToInt(values[0]), values[0], nullptr);
+        m_cmd.Message(3048, showDialog, FieldInt(values[0]), values[0], nullptr);
         return -2;
     }
-    const int curve = ToInt(values[1]);
+    const int curve = FieldInt(values[1]);
     if (!IsValidCurveType(curve)) {
         m_cmd.Message(3347, showDialog, curve, values[1], nullptr);
         return -2;
@@ -256,15 +249,15 @@ int CTendonCmd::PieceCheck(double* values, int showDialog) {
     if (geomType == 2) {
         const CRefLine* line = s.GetRefLinePtr(tendon->GetRefLineNo());
         for (int i = 2; i <= 3; ++i) {
-            if (!line || !line->GetAxisPtr(ToInt(values[i]))) {
-                m_cmd.Message(3036, showDialog, ToInt(values[i]), values[i], nullptr);
+            if (!line || !line->GetAxisPtr(FieldInt(values[i]))) {
+                m_cmd.Message(3036, showDialog, FieldInt(values[i]), values[i], nullptr);
                 return -2;
             }
         }
     }
     if (geomType == 0 && WarningsChecked()) {
-        const int step = ToInt(values[4]);
-        for (long long no = ToInt(values[2]);
+        const int step = FieldInt(values[4]);
+        for (long long no = FieldInt(values[2]);
              step != 0 && CStructureCmd::LessOrEqual(static_cast<int>(no), &values[2]);
              no += step) {
             if (s.GetElementPtr(static_cast<int>(no))) continue;
@@ -280,12 +273,12 @@ int CTendonCmd::Piece(int type, int dir, std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadValues(type, rest, v, 9, text, showDialog);
     if (check < -1) return check;
-    CTendon* tendon = Structure().GetTendonPtr(ToInt(v[0]));
+    CTendon* tendon = Structure().GetTendonPtr(FieldInt(v[0]));
     if (!tendon) return -2;
-    auto piece = std::make_unique<CTendonGeom>(ToInt(v[1]), dir);
+    auto piece = std::make_unique<CTendonGeom>(FieldInt(v[1]), dir);
     // Both readings of first and last are kept, so that the piece stands whichever geometry
     // type the tendon is given later.
-    piece->SetElements(ToInt(v[2]), ToInt(v[3]), ToInt(v[4]));
+    piece->SetElements(FieldInt(v[2]), FieldInt(v[3]), FieldInt(v[4]));
     piece->SetStations(v[2], v[3]);
     piece->SetValues(v[5] * kMm, v[6] * kMm, v[7], v[8]);
     if (dir == 2)
@@ -336,7 +329,7 @@ int CTendonCmd::Tenloss(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadValues(kTenloss, rest, v, 9, text, showDialog);
     if (check < -1) return check;
-    CTendon* tendon = Structure().GetTendonPtr(ToInt(v[0]));
+    CTendon* tendon = Structure().GetTendonPtr(FieldInt(v[0]));
     if (!tendon) return -2;
     tendon->SetLossParam(v[1], v[2], v[3], v[4], v[5], v[6], v[7], v[8]);
     NoteChange(*tendon);
@@ -351,7 +344,7 @@ int CTendonCmd::TenstressDataCheck(double* values, int showDialog) {
     // Jacking stresses are parts of the characteristic strength.
     for (int i = 1; i <= 2; ++i)
         if (!CheckValue(values[i] >= 0.0 && values[i] <= 100.0, values, i, showDialog)) return -2;
-    const int code = ToInt(values[3]);
+    const int code = FieldInt(values[3]);
     if (code != 1 && code != 2) {
         m_cmd.Message(3355, showDialog, code, values[3], nullptr);
         return -2;
@@ -364,9 +357,9 @@ int CTendonCmd::Tenstress(std::string& rest, int showDialog) {
     std::string text;
     const int check = ReadValues(kTenstress, rest, v, 4, text, showDialog);
     if (check < -1) return check;
-    CTendon* tendon = Structure().GetTendonPtr(ToInt(v[0]));
+    CTendon* tendon = Structure().GetTendonPtr(FieldInt(v[0]));
     if (!tendon) return -2;
-    tendon->SetStressParam(v[1], v[2], ToInt(v[3]));
+    tendon->SetStressParam(v[1], v[2], FieldInt(v[3]));
     NoteChange(*tendon);
     return check;
 }

@@ -100,6 +100,15 @@ TEST(CommandValues, FaultsAreReportedAndDropTheCommand) {
     EXPECT_EQ(c.CommandValues("1 2\"x\"\r\n", v, 3, text, 0), -2); // quote behind a token
     EXPECT_EQ(c.CommandValues("1 ++2\r\n", v, 3, text, 0), -2);    // not a valid expression
     EXPECT_EQ(c.GetErrCount(), 3);
+    // A value that is no finite number is refused as well, so that no command sees it.
+    EXPECT_EQ(c.CommandValues("1 sqrt(0-1)\r\n", v, 3, text, 0), -2);
+    EXPECT_EQ(c.CommandValues("1 1e999\r\n", v, 3, text, 0), -2);
+    EXPECT_EQ(c.GetErrCount(), 5);
+    EXPECT_EQ(p.Run("NODE 1 sqrt(0-1)\r\n"), -2);
+    EXPECT_EQ(p.s.GetNodePtr(1), nullptr);
+    EXPECT_NE(p.log.find("'sqrt(0-1)' is not a valid value, alias or expression!"),
+              std::string::npos)
+        << p.log;
 }
 
 TEST(Command, CommentsBlankLinesAndBannersStoreNothing) {
