@@ -666,7 +666,8 @@ int CStructureCmd::DefValue(const std::string& line, double& value, std::string&
         return -1;
     }
     std::string valueText = line.substr(eq + 1);
-    valueText = valueText.substr(0, valueText.find_first_of("!%\r\n"));
+    const std::size_t valueEnd = valueText.find_first_of("!%\r\n");
+    if (valueEnd != std::string::npos) valueText.resize(valueEnd);
     if (!GetNumber(valueText, value)) {
         Message(3006, showDialog, 0, 0.0, &valueText);
         return -2;

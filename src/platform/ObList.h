@@ -42,6 +42,8 @@ public:
                     if (p == old) p = raw;
             }
             found->second = std::move(obj);
+            // The object now lives in the map, which owns it: raw stays valid.
+            // cppcheck-suppress returnDanglingLifetime
             return raw;
         }
         const bool atEnd = m_map.empty() || m_map.rbegin()->first < no;
