@@ -658,18 +658,12 @@ CAxis* CRefLine::GetAxisPtrFromStNo(double station) const {
 
 CKeySection* CRefLine::GetKeySectionPtr(double station) const {
     const double s = std::strtod(Format("%.3lf", station).c_str(), nullptr);
-    for (CKeySection* section : KeySectionList)
-        if (std::fabs(section->GetStationNo() - s) < kSameStation) return section;
-    return nullptr;
+    return KeySectionList.FindNear(s, kSameStation);
 }
 
 CKeySection* CRefLine::GetKeySectionFor(double station) const {
     if (No == 0) return GetKeySectionPtr(station);
-    for (std::size_t i = KeySectionList.GetCount(); i > 0; --i) {
-        CKeySection* section = KeySectionList.At(i - 1);
-        if (section->GetStationNo() <= station) return section;
-    }
-    return nullptr;
+    return KeySectionList.LastAtOrBefore(station);
 }
 
 int CRefLine::GetKeySectionIndex(const CKeySection* section) const {

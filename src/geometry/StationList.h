@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <memory>
 #include <utility>
@@ -30,8 +32,9 @@ public:
     T* Add(std::unique_ptr<T> obj) {
         if (!obj) return nullptr;
         const double st = obj->GetStationNo();
-        auto it = m_items.begin();
-        while (it != m_items.end() && (*it)->GetStationNo() < st) ++it;
+        auto it = std::lower_bound(
+            m_items.begin(), m_items.end(), st,
+            [](const std::unique_ptr<T>& p, double value) { return p->GetStationNo() < value; });
         if (it != m_items.end() && (*it)->GetStationNo() == st)
             *it = std::move(obj);
         else
@@ -52,6 +55,28 @@ public:
         for (std::size_t i = 0; i < m_items.size(); ++i)
             if (m_items[i].get() == p) return static_cast<int>(i);
         return -1;
+    }
+    // Index of the first entry whose station is above `station` (the count when there is none),
+    // found by bisection: lines with sections every few metres hold thousands of them.
+    std::size_t FirstAbove(double station) const {
+        auto it = std::upper_bound(
+            m_items.begin(), m_items.end(), station,
+            [](double value, const std::unique_ptr<T>& p) { return value < p->GetStationNo(); });
+        return static_cast<std::size_t>(it - m_items.begin());
+    }
+    // The first entry less than `tolerance` from `station`, or null.
+    T* FindNear(double station, double tolerance) const {
+        for (std::size_t i = FirstAbove(station - tolerance); i < m_items.size(); ++i) {
+            const double d = m_items[i]->GetStationNo() - station;
+            if (d >= tolerance) break;
+            if (std::fabs(d) < tolerance) return m_items[i].get();
+        }
+        return nullptr;
+    }
+    // The last entry at or before `station`, or null.
+    T* LastAtOrBefore(double station) const {
+        const std::size_t i = FirstAbove(station);
+        return i > 0 ? m_items[i - 1].get() : nullptr;
     }
     std::size_t GetCount() const { return m_items.size(); }
     bool IsEmpty() const { return m_items.empty(); }
