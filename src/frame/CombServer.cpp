@@ -296,8 +296,9 @@ int CCombServer::CalcOrdCombReactions() {
 
 // The sums of applied loads and of reactions: six-vectors kept on the load cases, summed with
 // the factors onto the combinations. A combination of combinations takes the sums of the
-// combinations before it in the list.
-int CCombServer::CalcOrdCombSumAppLoads() {
+// combinations before it in the list. `get` reads component i of a case or a combination, `set`
+// writes it onto the combination.
+template <class Get, class Set> int CCombServer::CalcOrdCombSums(Get get, Set set) {
     if (!Structure) return 0;
     for (CLoadcomb* comb : *Structure->GetLoadcombList()) {
         std::array<double, 6> sum{};
@@ -308,35 +309,23 @@ int CCombServer::CalcOrdCombSumAppLoads() {
             const CLoadcomb* oc =
                 lf->GetCode() == kOrdComb ? Structure->GetLoadcombPtr(lf->GetNo()) : nullptr;
             if (!lc && !oc) continue;
-            for (int i = 0; i < 6; ++i)
-                sum[i] += lf->GetFact() * (lc ? lc->GetSumAppForces(i) : oc->GetSumAppForces(i));
+            for (int i = 0; i < 6; ++i) sum[i] += lf->GetFact() * (lc ? get(*lc, i) : get(*oc, i));
             ++found;
         }
         if (found)
-            for (int i = 0; i < 6; ++i) comb->SetSumAppForces(i, sum[i]);
+            for (int i = 0; i < 6; ++i) set(*comb, i, sum[i]);
     }
     return 1;
 }
 
+int CCombServer::CalcOrdCombSumAppLoads() {
+    return CalcOrdCombSums([](const auto& x, int i) { return x.GetSumAppForces(i); },
+                           [](CLoadcomb& c, int i, double v) { c.SetSumAppForces(i, v); });
+}
+
 int CCombServer::CalcOrdCombSumReactions() {
-    if (!Structure) return 0;
-    for (CLoadcomb* comb : *Structure->GetLoadcombList()) {
-        std::array<double, 6> sum{};
-        int found = 0;
-        for (const CLoadfact* lf : comb->GetLoadfacts().GetList()) {
-            const CLoadcase* lc =
-                lf->GetCode() == kLoadcase ? Structure->GetLoadcasePtr(lf->GetNo()) : nullptr;
-            const CLoadcomb* oc =
-                lf->GetCode() == kOrdComb ? Structure->GetLoadcombPtr(lf->GetNo()) : nullptr;
-            if (!lc && !oc) continue;
-            for (int i = 0; i < 6; ++i)
-                sum[i] += lf->GetFact() * (lc ? lc->GetSumReaForces(i) : oc->GetSumReaForces(i));
-            ++found;
-        }
-        if (found)
-            for (int i = 0; i < 6; ++i) comb->SetSumReaForces(i, sum[i]);
-    }
-    return 1;
+    return CalcOrdCombSums([](const auto& x, int i) { return x.GetSumReaForces(i); },
+                           [](CLoadcomb& c, int i, double v) { c.SetSumReaForces(i, v); });
 }
 
 // ------------------------------------------------------------------------- sorted combinations

@@ -103,6 +103,9 @@ public:
     const std::string& GetStatus() const { return Status; }
 
 private:
+    // One of the two sums (applied loads, reactions) of every ordinary combination.
+    template <class Get, class Set> int CalcOrdCombSums(Get get, Set set);
+
     bool ElementSelected(const CElement& e) const;
     const CObList<CElement>& ElementList() const;
     void SetStatus(const std::string& text, bool toLog);
