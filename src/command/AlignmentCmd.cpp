@@ -207,12 +207,13 @@ int CAlignmentCmd::Rflaxis(std::string& rest, int showDialog) {
     return check;
 }
 
-// ------------------------------------------------------------------------- RFLHORI
+// ------------------------------------------------------------------------- segments
 
-int CAlignmentCmd::RflhorDataCheck(double* values, int showDialog) {
-    const int level = m_cmd.GetCheckLevel();
-    if (level < 1) return 0;
-    const int lineNo = FieldInt(values[0]), segNo = FieldInt(values[1]), type = FieldInt(values[2]);
+// The numbers of a plan or elevation segment (line, segment, type): a segment and a line number
+// of at least 1, and a type the kind of segment knows (typeMessage otherwise). 0 or -2.
+int CAlignmentCmd::SegmentNumbersCheck(const double* values, bool typeValid, int typeMessage,
+                                       int showDialog) {
+    const int lineNo = FieldInt(values[0]), segNo = FieldInt(values[1]);
     if (segNo < 1) {
         m_cmd.Message(3119, showDialog, segNo, values[1], nullptr);
         return -2;
@@ -221,10 +222,21 @@ int CAlignmentCmd::RflhorDataCheck(double* values, int showDialog) {
         m_cmd.Message(3120, showDialog, lineNo, values[0], nullptr);
         return -2;
     }
-    if (!ValidHorType(type)) {
-        m_cmd.Message(3507, showDialog, type, values[2], nullptr);
+    if (!typeValid) {
+        m_cmd.Message(typeMessage, showDialog, FieldInt(values[2]), values[2], nullptr);
         return -2;
     }
+    return 0;
+}
+
+// ------------------------------------------------------------------------- RFLHORI
+
+int CAlignmentCmd::RflhorDataCheck(double* values, int showDialog) {
+    const int level = m_cmd.GetCheckLevel();
+    if (level < 1) return 0;
+    if (SegmentNumbersCheck(values, ValidHorType(FieldInt(values[2])), 3507, showDialog) < 0)
+        return -2;
+    const int lineNo = FieldInt(values[0]), segNo = FieldInt(values[1]), type = FieldInt(values[2]);
     const CRefLine* line = Structure().GetRefLinePtr(lineNo);
     bool faulty = false;
     std::string why;
@@ -268,19 +280,9 @@ int CAlignmentCmd::Rflhor(std::string& rest, int showDialog) {
 int CAlignmentCmd::RflverDataCheck(double* values, int showDialog) {
     const int level = m_cmd.GetCheckLevel();
     if (level < 1) return 0;
+    if (SegmentNumbersCheck(values, ValidVerType(FieldInt(values[2])), 3171, showDialog) < 0)
+        return -2;
     const int lineNo = FieldInt(values[0]), segNo = FieldInt(values[1]), type = FieldInt(values[2]);
-    if (segNo < 1) {
-        m_cmd.Message(3119, showDialog, segNo, values[1], nullptr);
-        return -2;
-    }
-    if (lineNo < 1) {
-        m_cmd.Message(3120, showDialog, lineNo, values[0], nullptr);
-        return -2;
-    }
-    if (!ValidVerType(type)) {
-        m_cmd.Message(3171, showDialog, type, values[2], nullptr);
-        return -2;
-    }
     CVerSegment trial(segNo, nullptr, type, values[3], values[4], values[5], values[6], values[7]);
     if (trial.CalculateAndValidate() != 1 || values[5] - values[3] <= kMinSegmentLength) {
         m_cmd.Message(3508, showDialog, segNo, values[1], nullptr);

@@ -70,6 +70,7 @@ private:
     // so that segments may be typed before or without their REFLINE. Null, with message 3120,
     // for a negative number.
     CRefLine* LineForGeometry(double value, int showDialog);
+    int SegmentNumbersCheck(const double* values, bool typeValid, int typeMessage, int showDialog);
     // Parses the fields of a command into values (defaults already there) and the text, and runs
     // the command's check. Answers the command's result when it is to be dropped, else 0 or -1.
     int ValuesAndCheck(int type, const std::string& rest, double* values, int count,
